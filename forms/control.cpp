@@ -1,0 +1,191 @@
+#include "forms/control.h"
+
+#include <algorithm>
+
+#include "platform/fault.h"
+#include "platform/text.h"
+
+namespace {
+
+std::vector<Watcher>& watchers() {
+    static std::vector<Watcher> list;
+    return list;
+}
+
+void run(const std::function<void()>& handler) {
+    if (handler) handler();
+}
+
+/// Stores a plain property that has no event of its own.
+template <class T>
+void put(Control& control, T& field, const T& value, Property property) {
+    if (field == value) return;
+    field = value;
+    tellWatchers(control, property);
+}
+
+void putText(Control& control, const std::string& text, int cursor) {
+    if (control.text == text) return;
+    control.text = text;
+    control.selStart = cursor;
+    control.selLength = 0;
+    tellWatchers(control, Property::Text);
+    run(control.on.change);
+}
+
+void moveScrollBar(Control& bar, Int16 value) {
+    if (value < bar.min || value > bar.max) {
+        raiseFault(FaultNumber::InvalidPropertyValue, fullName(bar));
+    }
+    if (bar.value == value) return;
+    bar.value = value;
+    tellWatchers(bar, Property::Value);
+    run(bar.on.change);
+}
+
+void keepInRange(Control& bar) {
+    tellWatchers(bar, Property::Range);
+    const Int16 kept = std::max(bar.min, std::min(bar.value, bar.max));
+    if (kept != bar.value) moveScrollBar(bar, kept);
+}
+
+/// Of the option buttons in one container at most one is chosen.
+void dropSiblings(const Control& chosen) {
+    for (Control* other : allControls()) {
+        const bool sibling = other->kind == Kind::OptionButton && other->parent == chosen.parent;
+        if (sibling && other != &chosen) put<Int16>(*other, other->value, 0, Property::Value);
+    }
+}
+
+}  // namespace
+
+void watchControls(Watcher watcher) { watchers().push_back(std::move(watcher)); }
+
+void forgetWatchers() { watchers().clear(); }
+
+void tellWatchers(Control& control, Property property) {
+    for (const Watcher& watcher : watchers()) watcher(control, property);
+}
+
+std::string fullName(const Control& control) {
+    if (control.kind == Kind::Form) return control.form;
+    const std::string plain = control.form + "." + control.name;
+    return control.element < 0 ? plain : plain + "(" + std::to_string(control.element) + ")";
+}
+
+void setBox(Control& control, const Box& box) { put(control, control.box, box, Property::Box); }
+
+void setHeight(Control& control, float height) {
+    Box box = control.box;
+    box.height = height;
+    setBox(control, box);
+}
+
+void setVisible(Control& control, bool visible) { put(control, control.visible, visible, Property::Visible); }
+
+void setEnabled(Control& control, bool enabled) { put(control, control.enabled, enabled, Property::Enabled); }
+
+void setCaption(Control& control, const std::string& caption) {
+    put(control, control.caption, caption, Property::Caption);
+}
+
+void setInterval(Control& timer, Int32 interval) { put(timer, timer.interval, interval, Property::Interval); }
+
+void setColumn(Control& chart, int column, const std::string& value) {
+    put(chart, chart.columns[static_cast<std::size_t>(column)], value, Property::Columns);
+}
+
+void setPicture(Control& picture, const std::string& path) { put(picture, picture.text, path, Property::Text); }
+
+void setText(Control& control, const std::string& text) { putText(control, text, text::length(text)); }
+
+void select(Control& textBox, int start, int length) {
+    const int whole = text::length(textBox.text);
+    textBox.selStart = std::clamp(start, 0, whole);
+    textBox.selLength = std::clamp(length, 0, whole - textBox.selStart);
+    tellWatchers(textBox, Property::Selection);
+}
+
+void selectAll(Control& textBox) { select(textBox, 0, text::length(textBox.text)); }
+
+std::string selectedText(const Control& textBox) {
+    return text::mid(textBox.text, textBox.selStart, textBox.selLength);
+}
+
+void replaceSelection(Control& control, const std::string& text) {
+    const std::string before = text::left(control.text, control.selStart);
+    const std::string after = text::mid(control.text, control.selStart + control.selLength);
+    putText(control, before + text + after, control.selStart + text::length(text));
+}
+
+void setValue(Control& control, Int16 value) {
+    if (control.kind == Kind::ScrollBar) {
+        moveScrollBar(control, value);
+        return;
+    }
+    if (control.value == value) return;
+    control.value = value;
+    tellWatchers(control, Property::Value);
+    if (control.kind == Kind::OptionButton && value != 0) dropSiblings(control);
+    run(control.on.click);
+}
+
+void setMin(Control& scrollBar, Int16 min) {
+    if (scrollBar.min == min) return;
+    scrollBar.min = min;
+    keepInRange(scrollBar);
+}
+
+void setMax(Control& scrollBar, Int16 max) {
+    if (scrollBar.max == max) return;
+    scrollBar.max = max;
+    keepInRange(scrollBar);
+}
+
+bool isTicked(const Control& control) { return control.value == 1; }
+
+void addItem(Control& control, const std::string& item) {
+    control.items.push_back(item);
+    control.selected.push_back(false);
+    tellWatchers(control, Property::Items);
+}
+
+void setItem(Control& control, int index, const std::string& item) {
+    put(control, control.items.at(static_cast<std::size_t>(index)), item, Property::Items);
+}
+
+void removeItem(Control& control, int index) {
+    control.items.erase(control.items.begin() + index);
+    control.selected.erase(control.selected.begin() + index);
+    tellWatchers(control, Property::Items);
+}
+
+void clearItems(Control& control) {
+    control.items.clear();
+    control.selected.clear();
+    tellWatchers(control, Property::Items);
+    if (control.kind == Kind::ComboBox) setText(control, {});
+}
+
+int findItem(const Control& control, const std::string& text) {
+    const auto found = std::find(control.items.begin(), control.items.end(), text);
+    return found == control.items.end() ? -1 : static_cast<int>(found - control.items.begin());
+}
+
+void setListIndex(Control& comboBox, int index) {
+    setText(comboBox, comboBox.items.at(static_cast<std::size_t>(index)));
+    run(comboBox.on.click);
+}
+
+void selectItems(Control& list, const std::vector<int>& indexes) {
+    std::fill(list.selected.begin(), list.selected.end(), false);
+    for (const int index : indexes) list.selected.at(static_cast<std::size_t>(index)) = true;
+    tellWatchers(list, Property::Selection);
+}
+
+bool isSelected(const Control& list, int index) { return list.selected.at(static_cast<std::size_t>(index)); }
+
+int firstSelected(const Control& list) {
+    const auto found = std::find(list.selected.begin(), list.selected.end(), true);
+    return found == list.selected.end() ? -1 : static_cast<int>(found - list.selected.begin());
+}

@@ -1,0 +1,162 @@
+// The controls of the forms as plain records, and the setters of their properties. A setter does what the
+// control itself does, no more: it tells whoever watches, and runs the form's handler at once, inside the
+// assignment, where the kind of control has an event for the change. Setting what is already there does
+// nothing.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/checkedInteger.h"
+
+enum class Kind {
+    Form,
+    Frame,
+    Label,
+    Button,
+    TextBox,
+    TickBox,
+    OptionButton,
+    ComboBox,
+    ListBox,
+    ScrollBar,
+    TabControl,
+    Timer,
+    Chart,
+    Picture,
+    Line
+};
+
+/// Place in twips, 15 to a pixel at 96 dots per inch, within the container's client area. A line runs
+/// from its left, top to left + width, top + height.
+struct Box {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+
+    friend bool operator==(const Box&, const Box&) = default;
+};
+
+/// How a text looks: height of the font in twips, weight, and where it stands in its box.
+struct Look {
+    enum class Align { Left, Right, Centre };
+    int fontSize = 195;
+    bool bold = false;
+    bool fixedWidth = false;
+    Align align = Align::Left;
+};
+
+/// What the form does. An empty function is an event that nobody handles.
+struct Handlers {
+    std::function<void()> click;
+    std::function<void()> doubleClick;
+    std::function<void()> change;
+    std::function<void()> timer;
+    /// Runs before the key acts; false swallows it. 8 is Backspace, 13 Enter.
+    std::function<bool(int code)> key;
+    /// A form's window button. A form without this handler has no such button.
+    std::function<void()> close;
+};
+
+struct Control {
+    // Identity, given by the form.
+    Kind kind = Kind::Label;
+    std::string form;
+    std::string name;
+    int element = -1;  ///< place in its control array, -1 outside of one
+    Control* parent = nullptr;
+    int page = -1;  ///< page of the tab control that is its parent, -1 elsewhere
+    Look look;
+    bool multiLine = false;    ///< text boxes
+    bool multiSelect = false;  ///< lists
+    bool readOnly = false;     ///< text boxes that can be selected in and not typed in
+    int smallChange = 1;       ///< scroll bars
+    int largeChange = 1;
+
+    // Properties.
+    Box box;
+    bool visible = true;
+    bool enabled = true;
+    std::string caption;
+    std::string text;   ///< of text and combo boxes; of a picture the path of its file
+    int selStart = 0;   ///< text boxes, in characters
+    int selLength = 0;  ///< text boxes, in characters
+    std::vector<std::string> items;
+    std::vector<bool> selected;  ///< lists: one for each item
+    Int16 value;                 ///< tick box 0 or 1, option button 0 or 1, scroll bar, page of a tab control
+    Int16 min;
+    Int16 max;
+    Int32 interval;                      ///< timers, milliseconds
+    std::array<std::string, 2> columns;  ///< charts
+    bool modal = false;                  ///< forms on show
+    Control* active = nullptr;           ///< forms: the control that has the focus
+
+    Handlers on;
+};
+
+enum class Property { Design, Box, Visible, Enabled, Caption, Text, Selection, Items, Value, Range, Interval, Columns, Focus };
+
+/// Told of every change after it has happened and before the form's handler runs. Property::Design on a
+/// form says that all its controls went back to their design.
+using Watcher = std::function<void(Control&, Property)>;
+
+/// Adds a watcher; they are told in the order of their coming.
+void watchControls(Watcher watcher);
+void tellWatchers(Control& control, Property property);
+void forgetWatchers();
+
+/// Every control of every form, in the order of their design.
+const std::vector<Control*>& allControls();
+
+/// "frmDiagnosis.hsbBelief(2)": the name by which scripts, tests and tools reach a control.
+std::string fullName(const Control& control);
+
+void setBox(Control& control, const Box& box);
+void setHeight(Control& control, float height);
+void setVisible(Control& control, bool visible);
+void setEnabled(Control& control, bool enabled);
+void setCaption(Control& control, const std::string& caption);
+void setInterval(Control& timer, Int32 interval);
+void setColumn(Control& chart, int column, const std::string& value);
+void setPicture(Control& picture, const std::string& path);
+
+/// Text of a text or combo box; runs its change handler. The cursor goes to the end of the text.
+void setText(Control& control, const std::string& text);
+
+/// Selection in a text box, in characters; what lies outside the text is cut.
+void select(Control& textBox, int start, int length);
+void selectAll(Control& textBox);
+std::string selectedText(const Control& textBox);
+/// Puts `text` in the place of what is selected in a text or combo box, or at the cursor, and the cursor
+/// behind it; runs the change handler.
+void replaceSelection(Control& control, const std::string& text);
+
+/// Value of a scroll bar (runs the change handler; outside min to max it faults with Invalid property
+/// value), of a tick box or option button (runs the click handler; a chosen option button drops its
+/// siblings), or page of a tab control.
+void setValue(Control& control, Int16 value);
+
+/// Limits of a scroll bar. A value beyond them is moved to the limit, which counts as a change.
+void setMin(Control& scrollBar, Int16 min);
+void setMax(Control& scrollBar, Int16 max);
+
+bool isTicked(const Control& control);
+
+// Lists and combo boxes.
+void addItem(Control& control, const std::string& item);
+void setItem(Control& control, int index, const std::string& item);
+void removeItem(Control& control, int index);
+/// Drops all items, and the text of a combo box with them.
+void clearItems(Control& control);
+/// Index of the first item equal to `text`, case included; -1 if there is none.
+int findItem(const Control& control, const std::string& text);
+/// Puts the item's text into the combo box and runs its click handler.
+void setListIndex(Control& comboBox, int index);
+/// Selects exactly these lines of a list.
+void selectItems(Control& list, const std::vector<int>& indexes);
+bool isSelected(const Control& list, int index);
+/// First selected line, -1 if none is.
+int firstSelected(const Control& list);

@@ -1,0 +1,60 @@
+#include "forms/frmDiagnosis.h"
+
+FrmDiagnosis frmDiagnosis;
+
+namespace {
+
+void designRow(int i) {
+    FrmDiagnosis& f = frmDiagnosis;
+    constexpr std::array<int, 4> startValues{100, 50, 33, 25};
+    constexpr std::array<const char*, 4> startTexts{"1.00", "0.50", "0.33", "0.25"};
+    const auto row = static_cast<std::size_t>(i);
+
+    design::place({&f.form}, f.fraHypothesis[i], Kind::Frame, "fraHypothesis",
+                  {1680, 120 + 1080 * static_cast<float>(i), 4095, 975}, "Hypothesis", i)
+        .visible = i == 0;
+    const design::Container frame{&f.fraHypothesis[i]};
+    design::label(frame, f.lblSelect[i], "lblSelect", {120, 240, 1935, 255}, "Select", i);
+    design::place(frame, f.cboHypothesis[i], Kind::ComboBox, "cboHypothesis", {120, 480, 1455, 315}, "Unknown", i);
+    design::label(frame, f.lblBeliefMeter[i], "lblBeliefMeter", {1680, 240, 975, 255}, "Belief Meter", i).visible =
+        false;
+    Control& meter = design::scrollBar(frame, f.hsbBelief[i], "hsbBelief", {1680, 480, 1695, 255}, 1, 100,
+                                       startValues[row], i);
+    meter.visible = false;
+    meter.largeChange = 5;
+    Control& belief = design::label(frame, f.lblBelief[i], "lblBelief", {3480, 480, 495, 255}, startTexts[row], i);
+    belief.visible = false;
+    belief.look = {210, true};
+}
+
+}  // namespace
+
+void designFrmDiagnosis() {
+    FrmDiagnosis& f = frmDiagnosis;
+    design::form(f.form, "frmDiagnosis", "Diagnosis", 5895, 5295);
+    const design::Container form{&f.form};
+    design::label(form, f.lblError, "lblError", {120, 240, 1455, 855});
+    for (int i = 0; i < 4; ++i) {
+        designRow(i);
+        if (i == 3) break;
+        design::button(form, f.cmdAdd[i], "cmdAdd", {120, 1320 + 1080 * static_cast<float>(i), 1455, 855},
+                       "Add Hypothesis", i)
+            .visible = i == 0;
+    }
+    Control& cancel = design::button(form, f.cmdCancel, "cmdCancel", {120, 4560, 1935, 615}, "Cancel, discard changes");
+    cancel.visible = false;
+    cancel.enabled = false;
+    design::button(form, f.cmdTests, "cmdTests", {2160, 4560, 1335, 615}, "Return to Tests").enabled = false;
+    Control& diagnose = design::button(form, f.cmdDiagnose, "cmdDiagnose", {3600, 4560, 2175, 615}, "Go to Treatment");
+    diagnose.enabled = false;
+    diagnose.look = {240, true};
+
+    f.DiagnosisCount = 0;
+    f.FirstTime = false;
+    f.isLoading = false;
+    f.isLoaded = false;
+    f.savedCount = 0;
+    f.savedNames = {};
+    f.savedBeliefs = {};
+    design::finish(f.form);
+}

@@ -1,0 +1,111 @@
+#include "forms/windows.h"
+
+#include <algorithm>
+
+#include "platform/fault.h"
+#include "platform/host.h"
+
+namespace windows {
+
+namespace {
+
+std::vector<Control*>& modalForms() {
+    static std::vector<Control*> stack;
+    return stack;
+}
+
+const Control& rootOf(const Control& control) {
+    const Control* at = &control;
+    while (at->parent != nullptr) at = at->parent;
+    return *at;
+}
+
+bool takesFocus(Kind kind) {
+    switch (kind) {
+        case Kind::Button:
+        case Kind::TextBox:
+        case Kind::TickBox:
+        case Kind::OptionButton:
+        case Kind::ComboBox:
+        case Kind::ListBox:
+        case Kind::ScrollBar:
+        case Kind::TabControl: return true;
+        default: return false;
+    }
+}
+
+void makeActive(Control& control) {
+    Control& form = formOf(control);
+    if (form.active == &control) return;
+    form.active = &control;
+    tellWatchers(control, Property::Focus);
+}
+
+/// Whether `test` holds for the control and all its containers.
+template <class Test>
+bool holdsUpward(const Control& control, Test test) {
+    for (const Control* at = &control; at != nullptr; at = at->parent) {
+        if (!test(*at)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+void show(Control& form) {
+    form.modal = false;
+    setVisible(form, true);
+}
+
+void showModal(Control& form) {
+    form.modal = true;
+    modalForms().push_back(&form);
+    setVisible(form, true);
+    host().waitWhile([&form] { return form.visible; });
+    std::erase(modalForms(), &form);
+    form.modal = false;
+}
+
+void hide(Control& form) {
+    std::erase(modalForms(), &form);
+    setVisible(form, false);
+}
+
+Control* topModal() { return modalForms().empty() ? nullptr : modalForms().back(); }
+
+void reset() { modalForms().clear(); }
+
+void setFocus(Control& control) {
+    if (!isUsable(control)) raiseFault(FaultNumber::InvalidCall, fullName(control) + " cannot take the focus");
+    makeActive(control);
+}
+
+void focusByPerson(Control& control) {
+    if (takesFocus(control.kind) && isUsable(control)) makeActive(control);
+}
+
+bool hasFocus(const Control& control) {
+    const Control& form = rootOf(control);
+    return form.visible && form.active == &control && (topModal() == nullptr || topModal() == &form);
+}
+
+Control& formOf(Control& control) { return const_cast<Control&>(rootOf(control)); }
+
+bool isShown(const Control& control) {
+    return holdsUpward(control, [](const Control& at) { return at.visible; });
+}
+
+bool isUsable(const Control& control) {
+    return isShown(control) && holdsUpward(control, [](const Control& at) { return at.enabled; });
+}
+
+std::string refusal(const Control& control) {
+    if (!isShown(control)) return fullName(control) + " is hidden";
+    if (!isUsable(control)) return fullName(control) + " is disabled";
+    if (topModal() != nullptr && topModal() != &rootOf(control)) {
+        return fullName(control) + " stands behind " + topModal()->form;
+    }
+    return {};
+}
+
+}  // namespace windows

@@ -1,0 +1,46 @@
+// Forms on show, the focus, and what a person can reach: a control that is hidden or disabled, itself or
+// by its container, or that stands behind a modal form, takes no input.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace windows {
+
+/// Shows a form beside the others; returns at once.
+void show(Control& form);
+
+/// Shows a form that blocks the others; returns when it has been hidden. Timers go on meanwhile.
+void showModal(Control& form);
+
+void hide(Control& form);
+
+/// The modal form on top, or none.
+Control* topModal();
+
+/// Forgets which forms are modal, for a run that begins anew.
+void reset();
+
+/// Gives the focus to a control. One that is hidden or disabled faults (Invalid procedure call).
+void setFocus(Control& control);
+
+/// Focus moved by the person; a control that cannot take it leaves it where it is.
+void focusByPerson(Control& control);
+
+/// The control is its form's active one, and no modal form stands before that form.
+bool hasFocus(const Control& control);
+
+/// The form a control stands on.
+Control& formOf(Control& control);
+
+/// Visible and enabled together with all containers up to its form. Pages of a tab control do not count:
+/// a person can turn to them.
+bool isShown(const Control& control);
+bool isUsable(const Control& control);
+
+/// Why a person cannot act on the control now, or an empty text.
+std::string refusal(const Control& control);
+
+}  // namespace windows

@@ -1,0 +1,228 @@
+#include "headless/commands.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "forms/person.h"
+#include "forms/registry.h"
+#include "headless/commandLine.h"
+#include "headless/openBoxes.h"
+#include "headless/properties.h"
+#include "headless/sqlText.h"
+#include "headless/stateFields.h"
+#include "headless/virtualTime.h"
+#include "platform/numberText.h"
+#include "platform/randomSource.h"
+
+namespace commands {
+
+namespace {
+
+player::Person acting;
+
+Control& controlNamed(const std::string& name) {
+    Control* control = registry::find(name);
+    if (control == nullptr) throw Refused{"there is no control " + name};
+    return *control;
+}
+
+/// The control, for a person to act on: nothing behind a message box can be reached.
+Control& reachable(const std::string& name) {
+    Control& control = controlNamed(name);
+    if (openBoxes::newest() != nullptr) throw Refused{name + " stands behind a message box"};
+    return control;
+}
+
+int wholeNumber(const std::string& text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) throw Refused{"\"" + text + "\" is no whole number"};
+    return number;
+}
+
+int milliseconds(const std::string& text) {
+    const int duration = wholeNumber(text);
+    if (duration < 0) throw Refused{"time does not run backward"};
+    return duration;
+}
+
+std::string propertyOf(const std::string& target) {
+    const std::size_t point = target.rfind('.');
+    const std::string name = point == std::string::npos ? target : target.substr(0, point);
+    const Control& control = controlNamed(name);
+    const std::optional<std::string> value = properties::read(control, target.substr(name.size() + 1));
+    if (!value) throw Refused{"there is no property " + target};
+    return *value;
+}
+
+std::string fieldOf(const std::string& path) {
+    const std::optional<std::string> value = stateFields::read(path);
+    if (!value) throw Refused{"there is no field " + path};
+    return *value;
+}
+
+std::string boxPart(const std::string& target) {
+    const openBoxes::OpenBox* open = openBoxes::newest();
+    if (open == nullptr) throw Refused{"no message box is on show"};
+    return target == "box.text" ? open->box.text : open->box.title;
+}
+
+void print(const std::string& text) { std::cout << text << '\n'; }
+
+void printBox() {
+    const openBoxes::OpenBox* open = openBoxes::newest();
+    if (open == nullptr) {
+        print("none");
+        return;
+    }
+    const nlohmann::ordered_json line{{"title", open->box.title},
+                                      {"text", open->box.text},
+                                      {"buttons", openBoxes::buttonsOf(open->box)},
+                                      {"icon", open->box.icon == Icon::Question ? "question" : "none"}};
+    print(line.dump());
+}
+
+void pressAnswer(const std::string& button) {
+    const openBoxes::OpenBox* open = openBoxes::newest();
+    if (open == nullptr) throw Refused{"no message box is on show"};
+    const std::vector<std::string> buttons = openBoxes::buttonsOf(open->box);
+    if (std::find(buttons.begin(), buttons.end(), button) == buttons.end()) {
+        throw Refused{fmt::format("the message box \"{}\" has no button {}", open->box.text, button)};
+    }
+    acting.answer(*openBoxes::answerNamed(button));
+}
+
+/// A truth value may be written as a number too.
+bool sameValue(const std::string& actual, const std::string& wanted) {
+    if (actual == wanted || properties::onOneLine(actual) == wanted) return true;
+    return (actual == "true" && wanted == "1") || (actual == "false" && wanted == "0");
+}
+
+void expectValue(const std::string& actual, const CommandLine& line, std::size_t count) {
+    if (line.arguments.size() < count) throw Refused{"expect needs a text to compare with"};
+    if (sameValue(actual, line.lastOf(count)) || sameValue(actual, line.arguments[count - 1])) return;
+    throw Refused{fmt::format("expected \"{}\", found \"{}\"", properties::onOneLine(line.lastOf(count)),
+                              properties::onOneLine(actual))};
+}
+
+void expectTarget(const CommandLine& line) {
+    const std::string& target = line.arguments[0];
+    if (target == "state") {
+        if (line.arguments.size() < 2) throw Refused{"state needs a field"};
+        expectValue(fieldOf(line.arguments[1]), line, 3);
+    } else if (target == "box.text" || target == "box.title") {
+        expectValue(boxPart(target), line, 2);
+    } else {
+        expectValue(propertyOf(target), line, 2);
+    }
+}
+
+void runUntil(const CommandLine& line) {
+    if (line.arguments.size() < 5 || line.arguments[1] != "until" || line.arguments[3] != "=") {
+        throw Refused{"run MS until CONTROL.PROPERTY = TEXT"};
+    }
+    const std::string& target = line.arguments[2];
+    const std::string wanted = line.lastOf(5);
+    const auto holds = [&] { return sameValue(propertyOf(target), wanted); };
+    if (holds() || virtualTime::pass(milliseconds(line.arguments[0]), holds) || holds()) return;
+    throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target,
+                              properties::onOneLine(propertyOf(target)), properties::onOneLine(wanted),
+                              line.arguments[0])};
+}
+
+/// "0.5" or "0.5x4000".
+void queueDraw(const std::string& word) {
+    const std::size_t times = word.find('x');
+    const std::string number = word.substr(0, times);
+    const int count = times == std::string::npos ? 1 : wholeNumber(word.substr(times + 1));
+    const double value = numberText::toNumber(number);
+    const bool inRange = value >= 0.0 && static_cast<float>(value) < 1.0F;
+    if (!numberText::isNumeric(number) || !inRange || count < 0) {
+        throw Refused{"\"" + word + "\" is no draw: 0 up to but not including 1"};
+    }
+    randomSource::queueDraws(std::vector<double>(static_cast<std::size_t>(count), value));
+}
+
+void draw(const CommandLine& line) {
+    if (line.arguments[0] == "clear") {
+        randomSource::clearQueue();
+        return;
+    }
+    for (const std::string& word : line.arguments) queueDraw(word);
+}
+
+std::vector<int> wholeNumbers(const CommandLine& line, std::size_t from) {
+    std::vector<int> numbers;
+    for (std::size_t i = from; i < line.arguments.size(); ++i) numbers.push_back(wholeNumber(line.arguments[i]));
+    return numbers;
+}
+
+void writePicture(const std::string& file) {
+    if (!acting.picture) throw Refused{"there is no screen to draw"};
+    acting.picture(file);
+}
+
+struct Command {
+    std::size_t fewest;  ///< arguments
+    const char* form;
+    std::function<void(const CommandLine&)> run;
+};
+
+const std::map<std::string, Command>& table() {
+    using Line = const CommandLine&;
+    static const std::map<std::string, Command> commands{
+        {"click", {1, "CONTROL", [](Line l) { acting.press(reachable(l.arguments[0])); }}},
+        {"dblclick", {1, "CONTROL", [](Line l) { acting.doublePress(reachable(l.arguments[0])); }}},
+        {"type", {2, "CONTROL TEXT", [](Line l) { acting.type(reachable(l.arguments[0]), l.lastOf(2)); }}},
+        {"paste", {2, "CONTROL TEXT", [](Line l) { acting.paste(reachable(l.arguments[0]), l.lastOf(2)); }}},
+        {"key", {2, "CONTROL CODE", [](Line l) { acting.key(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+        {"choose", {2, "CONTROL TEXT", [](Line l) { acting.choose(reachable(l.arguments[0]), l.lastOf(2)); }}},
+        {"slide",
+         {2, "CONTROL VALUE", [](Line l) { acting.slide(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+        {"tick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), true); }}},
+        {"untick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), false); }}},
+        {"mark",
+         {3, "CONTROL START LENGTH",
+          [](Line l) {
+              acting.mark(reachable(l.arguments[0]), wholeNumber(l.arguments[1]), wholeNumber(l.arguments[2]));
+          }}},
+        {"pick", {1, "CONTROL LINE...", [](Line l) { acting.pick(reachable(l.arguments[0]), wholeNumbers(l, 1)); }}},
+        {"tab",
+         {2, "CONTROL PAGE", [](Line l) { acting.turnTo(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+        {"answer", {1, "BUTTON", [](Line l) { pressAnswer(l.arguments[0]); }}},
+        {"close", {1, "FORM", [](Line l) { acting.close(controlNamed(l.arguments[0])); }}},
+        {"wait",
+         {1, "MS", [](Line l) { virtualTime::pass(milliseconds(l.arguments[0]), [] { return false; }); }}},
+        {"run", {1, "MS until CONTROL.PROPERTY = TEXT", runUntil}},
+        {"draw", {1, "R...", draw}},
+        {"get", {1, "CONTROL.PROPERTY", [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
+        {"state", {1, "FIELD", [](Line l) { print(properties::onOneLine(fieldOf(l.arguments[0]))); }}},
+        {"box", {0, "", [](Line) { printBox(); }}},
+        {"sql", {1, "STATEMENT", [](Line l) { std::cout << sqlText::rows(l.lastOf(1)); }}},
+        {"expect", {2, "TARGET TEXT", expectTarget}},
+        {"picture", {1, "FILE", [](Line l) { writePicture(l.arguments[0]); }}},
+    };
+    return commands;
+}
+
+}  // namespace
+
+void setPerson(player::Person person) { acting = std::move(person); }
+
+void execute(const std::string& text) {
+    const CommandLine line = parseCommand(text);
+    if (line.unclosed) throw Refused{"a double quote is not closed"};
+    if (line.command.empty()) return;
+    const auto found = table().find(line.command);
+    if (found == table().end()) throw Refused{"there is no command " + line.command};
+    const Command& command = found->second;
+    if (line.arguments.size() < command.fewest) throw Refused{line.command + " " + command.form};
+    command.run(line);
+}
+
+}  // namespace commands

@@ -1,0 +1,62 @@
+// tavix-headless: the whole program without a screen, played by a script in virtual time. The same seed,
+// clock and script give the same output and the same rows.
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <iostream>
+
+#include "headless/player.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+#include "platform/randomSource.h"
+#include "screens/wiring.h"
+#include "trial/run.h"
+
+namespace {
+
+/// Unwinds to here, through every wait, when the program ends.
+struct ProgramEnd {
+    int status;
+};
+
+int play(std::istream& script, const player::Options& options, std::uint64_t seed) {
+    randomSource::fixState(seed);
+    wiring::wireForms();
+    if (!player::begin(script, player::onRecords(), options)) {
+        std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
+        return 1;
+    }
+    host() = player::scriptedHost();
+    host().endProgram = [](int status) { throw ProgramEnd{status}; };
+    try {
+        run::startApplication();
+        while (true) player::step();
+    } catch (const ProgramEnd& end) {
+        return end.status;
+    } catch (const Fault& fault) {
+        std::cout.flush();
+        std::cerr << faultReport(fault) << '\n';
+        return faultExitStatus;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{"Plays Tavix without a screen."};
+    player::Options options{files::folderOfProgram(), "2026-01-05 09:30:00"};
+    std::uint64_t seed = 1;
+    std::string scriptFile;
+    app.add_option("--folder", options.folder, "the program's folder, with data and Patients in it");
+    app.add_option("--seed", seed, "first state of the random source");
+    app.add_option("--now", options.now, "date and time at the start");
+    app.add_option("SCRIPT", scriptFile, "the script; without it standard input is read");
+    CLI11_PARSE(app, argc, argv);
+
+    if (scriptFile.empty()) return play(std::cin, options, seed);
+    std::ifstream script(scriptFile);
+    if (!script) {
+        std::cerr << scriptFile << ": cannot be read\n";
+        return 1;
+    }
+    return play(script, options, seed);
+}

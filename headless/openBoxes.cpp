@@ -1,0 +1,38 @@
+#include "headless/openBoxes.h"
+
+namespace openBoxes {
+
+namespace {
+
+std::vector<OpenBox>& boxes() {
+    static std::vector<OpenBox> stack;
+    return stack;
+}
+
+}  // namespace
+
+void open(const MessageBox& box) { boxes().push_back({box, std::nullopt}); }
+
+OpenBox* newest() { return boxes().empty() ? nullptr : &boxes().back(); }
+
+Answer close() {
+    const Answer answer = boxes().back().answer.value();
+    boxes().pop_back();
+    return answer;
+}
+
+void forget() { boxes().clear(); }
+
+std::vector<std::string> buttonsOf(const MessageBox& box) {
+    if (box.buttons == Buttons::Ok) return {"OK"};
+    return {"Yes", "No"};
+}
+
+std::optional<Answer> answerNamed(const std::string& name) {
+    if (name == "OK") return Answer::Ok;
+    if (name == "Yes") return Answer::Yes;
+    if (name == "No") return Answer::No;
+    return std::nullopt;
+}
+
+}  // namespace openBoxes

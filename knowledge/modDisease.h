@@ -1,0 +1,35 @@
+// The statistical truth of a scenario: base rates of the diseases, and the chance of each symptom with each
+// disease. Loaded whole, and formatted as the fixed-width texts that the subject may be shown.
+#pragma once
+
+#include <string>
+
+#include "store/recordSet.h"
+#include "state/records.h"
+
+namespace modDisease {
+
+/// Base rates of all scenarios, sorted by scenario. They are reached by the position of the scenario in the
+/// sign-in list, so the table needs one row for each scenario.
+void loadBaseRates();
+
+/// The disease-symptom table of the chosen scenario. Without rows nothing changes and nothing is said.
+void loadDiseaseSymptom();
+
+/// The columns prefix + 1 + suffix to prefix + count + suffix of the current row.
+List<Int16> readPercents(RecordSet& row, Int16 count, const std::string& suffix = {});
+
+/// Base rates of the chosen scenario.
+const ProbabilityRow& currentBaseRates();
+
+/// One line: the rates under the columns of the table below it.
+std::string baseRateText();
+
+/// The many-line table. Sets the caption of lblSvD to its header; a word of more than 15 characters faults
+/// with Invalid procedure call.
+std::string symptomDiseaseText();
+
+/// The compact table of the feedback.
+std::string symptomDiseaseSummary();
+
+}  // namespace modDisease

@@ -1,0 +1,39 @@
+#include "platform/files.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string_view>
+
+#include "platform/fault.h"
+
+namespace files {
+
+std::optional<std::string> tryRead(const std::string& path) {
+    std::error_code failed;
+    if (!std::filesystem::is_regular_file(path, failed)) return std::nullopt;
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) return std::nullopt;
+    std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    if (stream.bad()) return std::nullopt;
+    return bytes;
+}
+
+std::string read(const std::string& path) {
+    std::optional<std::string> bytes = tryRead(path);
+    if (!bytes) raiseFault(FaultNumber::FileNotFound, path);
+    return *std::move(bytes);
+}
+
+void checkPicture(const std::string& path) {
+    using namespace std::string_view_literals;
+    const std::string bytes = read(path);
+    for (const std::string_view signature : {"\x89PNG\r\n\x1A\n"sv, "\xFF\xD8\xFF"sv, "GIF8"sv, "BM"sv}) {
+        if (bytes.starts_with(signature)) return;
+    }
+    raiseFault(FaultNumber::InvalidPicture, path);
+}
+
+std::string folderOfProgram() { return std::filesystem::canonical("/proc/self/exe").parent_path().string(); }
+
+}  // namespace files

@@ -1,0 +1,138 @@
+#include "platform/numberText.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cmath>
+
+#include "platform/text.h"
+
+namespace numberText {
+
+namespace {
+
+/// |value| to `decimals` places as digits without a point, rounded half up on its 15-digit decimal form.
+std::string roundedDigits(double value, int decimals) {
+    // 15 significant digits in scientific form: d.dddddddddddddde[+-]xx
+    const std::string scientific = fmt::format("{:.14e}", std::fabs(value));
+    const std::size_t mark = scientific.find('e');
+    std::string digits = scientific.substr(0, 1) + scientific.substr(2, mark - 2);
+    int exponent = 0;
+    const char* from = scientific.data() + mark + (scientific[mark + 1] == '+' ? 2 : 1);
+    std::from_chars(from, scientific.data() + scientific.size(), exponent);
+
+    const int kept = exponent + 1 + decimals;  // digits that stay
+    if (kept < 0) return "0";
+    if (kept >= static_cast<int>(digits.size())) {
+        return digits + std::string(static_cast<std::size_t>(kept) - digits.size(), '0');
+    }
+    bool carry = digits[static_cast<std::size_t>(kept)] >= '5';
+    digits.resize(static_cast<std::size_t>(kept));
+    for (std::size_t i = digits.size(); carry && i > 0; --i) {
+        carry = digits[i - 1] == '9';
+        digits[i - 1] = carry ? '0' : static_cast<char>(digits[i - 1] + 1);
+    }
+    if (carry) digits.insert(digits.begin(), '1');
+    return digits.empty() ? "0" : digits;
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Length of the number at the start of `source`, 0 if there is none.
+std::size_t numberLength(std::string_view source) {
+    std::size_t at = !source.empty() && (source[0] == '+' || source[0] == '-') ? 1 : 0;
+    int digits = 0;
+    bool point = false;
+    for (; at < source.size(); ++at) {
+        if (isDigit(source[at])) {
+            ++digits;
+        } else if (source[at] == '.' && !point) {
+            point = true;
+        } else {
+            break;
+        }
+    }
+    if (digits == 0) return 0;
+    if (at < source.size() && (source[at] == 'e' || source[at] == 'E')) {
+        std::size_t power = at + 1;
+        if (power < source.size() && (source[power] == '+' || source[power] == '-')) ++power;
+        if (power < source.size() && isDigit(source[power])) {
+            while (power < source.size() && isDigit(source[power])) ++power;
+            at = power;
+        }
+    }
+    return at;
+}
+
+std::string_view skipBlanks(std::string_view source) {
+    while (!source.empty() && source.front() == ' ') source.remove_prefix(1);
+    return source;
+}
+
+}  // namespace
+
+std::string whole(Int32 value) { return fmt::format("{}", value.raw); }
+
+std::string padded(Int32 value, int digits) {
+    const std::string plain = fmt::format("{:0{}}", std::llabs(value.raw), digits);
+    return value < 0 ? "-" + plain : plain;
+}
+
+std::string twoDecimals(double value) {
+    std::string digits = roundedDigits(value, 2);
+    if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
+    const bool zero = digits.find_first_not_of('0') == std::string::npos;
+    digits.insert(digits.size() - 2, ".");
+    return value < 0 && !zero ? "-" + digits : digits;
+}
+
+std::string digitsOnly(double value) {
+    const std::string digits = roundedDigits(value, 0);
+    const std::size_t first = digits.find_first_not_of('0');
+    if (first == std::string::npos) return {};
+    return (value < 0 ? "-" : "") + digits.substr(first);
+}
+
+std::string general(double value) { return value == 0.0 ? "0" : fmt::format("{:.15G}", value); }
+
+double toNumber(std::string_view source) {
+    source = skipBlanks(source);
+    source = source.substr(0, numberLength(source));
+    if (source.starts_with('+')) source.remove_prefix(1);
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(source.data(), source.data() + source.size(), value);
+    // Out of range: a number too small reads as 0, one too large as endless.
+    if (error == std::errc::result_out_of_range && source.find("e-") == std::string_view::npos &&
+        source.find("E-") == std::string_view::npos) {
+        value = source.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
+    }
+    return value;
+}
+
+bool isNumeric(std::string_view source) {
+    const std::string bare = text::trim(source);
+    return !bare.empty() && numberLength(bare) == bare.size();
+}
+
+std::string clockText(Int16 hour, Int16 minute) {
+    Int16 dial = hour % 12;
+    if (dial == 0) dial = 12;
+    return (dial < 10 ? "0" : "") + whole(dial) + ":" + (minute < 10 ? "0" : "") + whole(minute);
+}
+
+std::string toBase(Int32 value, Int16 base) {
+    if (base < 2 || base > 36) return {};
+    constexpr std::string_view digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const double radix = base.toFloat();
+    double rest = std::floor(value.toFloat() + 0.5);
+    std::string result;
+    while (rest >= radix) {
+        const double digit = rest - radix * std::floor(rest / radix);
+        result.insert(result.begin(), digits[static_cast<std::size_t>(digit)]);
+        rest = (rest - digit) / radix;
+    }
+    result.insert(result.begin(), digits[static_cast<std::size_t>(rest)]);
+    return result;
+}
+
+}  // namespace numberText

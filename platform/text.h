@@ -1,0 +1,34 @@
+// Texts are UTF-8. Lengths and positions count characters, not bytes, so that a limit of 99 characters
+// means the same to a subject who writes accents.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace text {
+
+/// Number of characters.
+int length(std::string_view source);
+
+/// The first `count` characters, or all of a shorter text. A negative count faults (Invalid procedure call).
+std::string left(std::string_view source, int count);
+
+/// From the 0-based character `start`, at most `count` characters.
+std::string mid(std::string_view source, int start, int count = 0x7fffffff);
+
+/// `count` blanks; a negative count faults (Invalid procedure call).
+std::string blanks(int count);
+
+/// Without the blanks at both ends; tabs and line breaks stay.
+std::string trim(std::string_view source);
+
+/// Letters A to Z in lower case: the same folding by which the store compares texts.
+std::string lowerCase(std::string_view source);
+
+/// The bytes of a file as UTF-8: a byte-order mark goes, and bytes that are no UTF-8 are read as Latin-1.
+std::string fromFileBytes(std::string_view bytes);
+
+/// Byte offset of the 0-based character `index`, or the size of a shorter text.
+std::size_t byteOffset(std::string_view source, int index);
+
+}  // namespace text

@@ -1,0 +1,177 @@
+#include "screens/signIn.h"
+
+#include <array>
+
+#include "forms/frmLogin.h"
+#include "forms/frmNewSubject.h"
+#include "forms/windows.h"
+#include "platform/host.h"
+#include "platform/numberText.h"
+#include "platform/text.h"
+#include "screens/keys.h"
+#include "state/TrialState.h"
+#include "store/openTable.h"
+
+namespace signIn {
+
+namespace {
+
+constexpr int historyLimit = 250;
+constexpr const char* noMajor = "Major";
+
+constexpr std::array majors{"Architecture",
+                            "Art",
+                            "Biological Sciences",
+                            "Chemical Engineering",
+                            "Chemistry",
+                            "Civil & Environmental Engineering",
+                            "Computer Science",
+                            "Design",
+                            "Drama",
+                            "Economics",
+                            "Electrical & Computer Engineering",
+                            "Engineering & Public Policy",
+                            "English",
+                            "History",
+                            "Industrial Management",
+                            "Materials Science & Engineering",
+                            "Mathematical Sciences",
+                            "Mechanical Engineering",
+                            "Music",
+                            "Modern Languages",
+                            "Philosophy",
+                            "Physics",
+                            "Psychology",
+                            "Social & Decision Sciences",
+                            "Statistics",
+                            "Other"};
+
+std::string typedName() { return text::trim(frmLogin.txtName.text); }
+
+bool listed(const Control& comboBox) { return findItem(comboBox, comboBox.text) >= 0; }
+
+bool entriesValid() { return listed(frmLogin.cboType) && !typedName().empty(); }
+
+/// The scenario by its position in the list, -1 for a text that is not on it.
+void takeSetting() {
+    trialState.settingIndex = findItem(frmLogin.cboType, frmLogin.cboType.text);
+    if (trialState.settingIndex >= 0) trialState.settingName = frmLogin.cboType.text;
+}
+
+void loadQuestionnaire() {
+    designFrmNewSubject();
+    setText(frmNewSubject.boxMajor, noMajor);
+    for (const char* major : majors) addItem(frmNewSubject.boxMajor, major);
+    setCaption(frmNewSubject.lblLogin, trialState.subjectName);
+    frmNewSubject.Cleared = false;
+}
+
+void acceptSignIn() {
+    if (typedName().empty()) return;
+    trialState.subjectName = typedName();
+    takeSetting();
+    if (trialState.settingIndex < 0) {
+        tell("Inappropriate setting.  Please choose from list or update database");
+        return;
+    }
+    if (isNewSubject()) {
+        loadQuestionnaire();
+        windows::showModal(frmNewSubject.form);
+        if (!frmNewSubject.Cleared) {
+            windows::setFocus(frmLogin.txtName);
+            selectAll(frmLogin.txtName);
+            return;
+        }
+        frmLogin.IsNew = true;
+    } else {
+        frmLogin.IsNew = false;
+    }
+    windows::hide(frmLogin.form);
+}
+
+void quitSignIn() {
+    frmLogin.QuitMe = true;
+    windows::hide(frmLogin.form);
+}
+
+void beginStudy() {
+    if (frmNewSubject.txtAge.text.empty()) {
+        tell("Please enter your age");
+    } else if (!numberText::isNumeric(frmNewSubject.txtAge.text)) {
+        tell("Please enter a numerical value for age");
+    } else if (frmNewSubject.boxMajor.text == noMajor || !listed(frmNewSubject.boxMajor)) {
+        tell("Please select one of the listed majors");
+        windows::setFocus(frmNewSubject.boxMajor);
+    } else {
+        frmNewSubject.Cleared = true;
+        recordSubject();
+        windows::hide(frmNewSubject.form);
+    }
+}
+
+/// The limit is judged before the key acts; a text that is longer already (it was pasted) is cut.
+bool keyInHistory(int code) {
+    Control& history = frmNewSubject.txtHistory;
+    if (text::length(history.text) < historyLimit || code == keys::backspace) return true;
+    setText(history, text::left(history.text, historyLimit));
+    select(history, historyLimit, 0);
+    return false;
+}
+
+}  // namespace
+
+void wire() {
+    FrmLogin& login = frmLogin;
+    const auto judgeEntries = [] { setEnabled(frmLogin.cmdOk, entriesValid()); };
+    login.cboType.on.change = judgeEntries;
+    login.cboType.on.click = judgeEntries;
+    login.cboType.on.key = [judgeEntries](int) {
+        judgeEntries();
+        return true;
+    };
+    // The name alone here: a scenario that is not on the list is refused by the press of Ok.
+    login.txtName.on.change = [] { setEnabled(frmLogin.cmdOk, !typedName().empty()); };
+    login.txtName.on.key = keys::onEnter([] {
+        if (entriesValid()) acceptSignIn();
+    });
+    login.cmdOk.on.click = acceptSignIn;
+    login.cmdQuit.on.click = quitSignIn;
+    login.form.on.close = quitSignIn;
+
+    FrmNewSubject& subject = frmNewSubject;
+    const auto cancel = [] { windows::hide(frmNewSubject.form); };
+    subject.btnBegin.on.click = beginStudy;
+    subject.btnCancel.on.click = cancel;
+    subject.form.on.close = cancel;
+    subject.txtAge.on.key = keys::onEnter(beginStudy);
+    subject.txtHistory.on.key = keyInHistory;
+}
+
+bool isNewSubject() {
+    RecordSet subjects = openTable("SubjectInfo", true, "New User Check");
+    const std::string wanted = text::lowerCase(trialState.subjectName);
+    bool known = false;
+    for (; !subjects.isEOF() && !known; subjects.MoveNext()) {
+        known = text::lowerCase(subjects.Fields("Subject").text()) == wanted;
+    }
+    subjects.Close();
+    closeDatabase();
+    return !known;
+}
+
+void recordSubject() {
+    RecordSet subjects = openTable("SubjectInfo", false, "Recording subject");
+    subjects.AddNew();
+    subjects.Fields("Subject") = trialState.subjectName;
+    subjects.Fields("Major") = frmNewSubject.boxMajor.text;
+    subjects.Fields("Gender") = frmNewSubject.optFemale.value != 0 ? "Female" : "Male";
+    subjects.Fields("Age") = frmNewSubject.txtAge.text;
+    subjects.Fields("Date") = host().today();
+    subjects.Fields("Time") = host().timeOfDay();
+    subjects.Fields("History") = text::left(frmNewSubject.txtHistory.text, historyLimit);
+    subjects.Update();
+    subjects.Close();
+    closeDatabase();
+}
+
+}  // namespace signIn

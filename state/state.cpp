@@ -1,0 +1,5 @@
+#include "state/TrialEvaluation.h"
+#include "state/TrialState.h"
+
+TrialState trialState;
+TrialEvaluation trialEvaluation;

@@ -1,0 +1,87 @@
+#include "store/dialect.h"
+
+#include <cstddef>
+#include <string_view>
+
+#include "platform/text.h"
+
+namespace dialect {
+
+namespace {
+
+constexpr std::string_view selectWord = "SELECT ";
+
+bool isSelect(const std::string& source) {
+    return text::lowerCase(source.substr(0, selectWord.size())) == text::lowerCase(selectWord);
+}
+
+/// Length of the [...] or '...' that begins at `at`; up to the end of the source if it is not closed.
+std::size_t enclosedLength(const std::string& source, std::size_t at) {
+    const char close = source[at] == '[' ? ']' : '\'';
+    const std::size_t end = source.find(close, at + 1);
+    return (end == std::string::npos ? source.size() : end + 1) - at;
+}
+
+/// [table.column] as [table].[column]; a name without a point stays.
+std::string column(std::string name) {
+    const std::size_t point = name.find('.');
+    if (point != std::string::npos) name.replace(point, 1, "].[");
+    return name;
+}
+
+/// 'x*' as a pattern of the engine in which only the star is special.
+std::string pattern(const std::string& literal) {
+    std::string result;
+    for (const char c : literal) {
+        if (c == '%' || c == '_' || c == '\\') result += '\\';
+        result += c == '*' ? '%' : c;
+    }
+    return result + " ESCAPE '\\'";
+}
+
+bool endsWithWord(const std::string& text, std::string_view word) {
+    if (text.size() < word.size()) return false;
+    return text::lowerCase(text.substr(text.size() - word.size())) == word;
+}
+
+}  // namespace
+
+std::string quoted(const std::string& name) { return "[" + name + "]"; }
+
+std::string translate(const std::string& source) {
+    if (!isSelect(source)) return "SELECT * FROM " + quoted(source);
+    std::string result;
+    std::size_t at = 0;
+    while (at < source.size()) {
+        if (source[at] != '[' && source[at] != '\'') {
+            result += source[at++];
+            continue;
+        }
+        const std::string part = source.substr(at, enclosedLength(source, at));
+        at += part.size();
+        if (part[0] == '\'') {
+            result += endsWithWord(result, "like ") ? pattern(part) : part;
+        } else if (endsWithWord(result, "not ")) {
+            result += "COALESCE(" + column(part) + ", 0)";
+        } else {
+            result += column(part);
+        }
+    }
+    return result;
+}
+
+std::string withRowNumber(const std::string& translated) {
+    return "SELECT rowid, " + translated.substr(selectWord.size());
+}
+
+std::string tableOf(const std::string& source) {
+    if (!isSelect(source)) return source;
+    constexpr std::string_view from = " from ";
+    const std::size_t start = text::lowerCase(source).find(from);
+    if (start == std::string::npos) return {};
+    std::string table = text::trim(source.substr(start + from.size()));
+    if (table.starts_with('[')) return table.substr(1, table.find(']') - 1);
+    return table.substr(0, table.find_first_of(" ;"));
+}
+
+}  // namespace dialect

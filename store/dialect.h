@@ -1,0 +1,22 @@
+// The statements of the modules are written in one dialect; here it is turned into the engine's.
+#pragma once
+
+#include <string>
+
+namespace dialect {
+
+/// The engine's form of a source: a bare table name becomes a selection of all its rows, [table.column]
+/// becomes [table].[column], `Like 'x*'` takes every character but the star as it is, and NOT [flag] counts
+/// an empty flag as false. What stands between quotes is otherwise left alone.
+std::string translate(const std::string& source);
+
+/// The selection with the engine's row number in front of its columns, so that its rows can be changed.
+std::string withRowNumber(const std::string& translated);
+
+/// The table that the source reads from: its name, or what follows FROM.
+std::string tableOf(const std::string& source);
+
+/// [name], whatever characters it holds.
+std::string quoted(const std::string& name);
+
+}  // namespace dialect

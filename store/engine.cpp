@@ -1,0 +1,193 @@
+#include "store/engine.h"
+
+#define SQLITE_HAS_CODEC
+#include <sqlcipher/sqlite3.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "store/keyDerivation.h"
+
+namespace engine {
+
+struct Connection {
+    sqlite3* handle = nullptr;
+    std::chrono::steady_clock::time_point waitingSince;
+};
+
+namespace {
+
+constexpr std::chrono::seconds longestWait{2};
+constexpr std::chrono::milliseconds nap{5};
+constexpr int oldFormat = 3;  // the file format of the distribution's tool
+
+/// The engine asks whether to wait on for a lock.
+int waitForLock(void* context, int attempt) {
+    auto& connection = *static_cast<Connection*>(context);
+    const auto now = std::chrono::steady_clock::now();
+    if (attempt == 0) connection.waitingSince = now;
+    if (now - connection.waitingSince >= longestWait) return 0;
+    std::this_thread::sleep_for(nap);
+    return 1;
+}
+
+int mappedNumber(int code, bool writing) {
+    switch (code & 0xFF) {
+        case SQLITE_BUSY:
+            if (code == SQLITE_BUSY_SNAPSHOT) return changedByAnother;
+            return writing ? lockedByAnother : couldNotLockFile;
+        case SQLITE_LOCKED: return lockedByAnother;
+        case SQLITE_PROTOCOL: return lockCountExceeded;
+        case SQLITE_SCHEMA: return changedByAnother;
+        default: return code & 0xFF;
+    }
+}
+
+[[noreturn]] void fail(Connection& database, bool writing = false, const std::string& detail = {}) {
+    if (database.handle == nullptr) throw Error{handleNotSet, "Object variable or With block variable not set"};
+    const int code = sqlite3_extended_errcode(database.handle);
+    std::string text = sqlite3_errmsg(database.handle);
+    if (!detail.empty()) text += ": " + detail;
+    throw Error{mappedNumber(code, writing), text};
+}
+
+struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+Statement prepare(Connection& database, const std::string& sql) {
+    sqlite3_stmt* raw = nullptr;
+    const int size = static_cast<int>(sql.size());
+    if (database.handle == nullptr || sqlite3_prepare_v2(database.handle, sql.data(), size, &raw, nullptr) != SQLITE_OK)
+        fail(database);
+    return Statement(raw);
+}
+
+void bind(sqlite3_stmt* statement, int place, const Value& value) {
+    if (const auto* number = std::get_if<std::int64_t>(&value)) {
+        sqlite3_bind_int64(statement, place, *number);
+    } else if (const auto* real = std::get_if<double>(&value)) {
+        sqlite3_bind_double(statement, place, *real);
+    } else if (const auto* text = std::get_if<std::string>(&value)) {
+        sqlite3_bind_text(statement, place, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+    } else {
+        sqlite3_bind_null(statement, place);
+    }
+}
+
+Value columnValue(sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_NULL: return {};
+        case SQLITE_INTEGER: return static_cast<std::int64_t>(sqlite3_column_int64(statement, column));
+        case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
+        default: {
+            const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+            const int size = sqlite3_column_bytes(statement, column);
+            return bytes == nullptr ? std::string() : std::string(bytes, static_cast<std::size_t>(size));
+        }
+    }
+}
+
+std::vector<std::string> columnNames(sqlite3_stmt* statement) {
+    std::vector<std::string> names;
+    for (int i = 0; i < sqlite3_column_count(statement); ++i) names.emplace_back(sqlite3_column_name(statement, i));
+    return names;
+}
+
+bool step(Connection& database, sqlite3_stmt* statement) {
+    const int code = sqlite3_step(statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE) fail(database, sqlite3_stmt_readonly(statement) == 0);
+    return code == SQLITE_ROW;
+}
+
+/// Version of the cipher in the library at hand. An engine without one would write the subjects' data in
+/// the open, so the program does not go on with it.
+int cipherVersion(Connection& database) {
+    static int known = 0;
+    if (known == 0) {
+        const Rows rows = query(database, "PRAGMA cipher_version");
+        if (rows.rows.empty()) throw Error{SQLITE_MISUSE, "the database engine has no encryption"};
+        known = std::atoi(std::get<std::string>(rows.rows[0][0]).c_str());
+    }
+    return known;
+}
+
+void setKey(Connection& database, const std::string& path, const std::string& password) {
+    const std::optional<keyDerivation::Salt> salt = keyDerivation::readSalt(path);
+    const std::string key = salt ? keyDerivation::rawKey(password, *salt) : password;
+    sqlite3_key(database.handle, key.data(), static_cast<int>(key.size()));
+    if (cipherVersion(database) > oldFormat) execute(database, "PRAGMA cipher_compatibility = 3");
+}
+
+Database openHandle(const std::string& path, int flags) {
+    Database database(new Connection);
+    if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK) fail(*database, false, path);
+    sqlite3_busy_handler(database->handle, waitForLock, database.get());
+    return database;
+}
+
+}  // namespace
+
+void Closer::operator()(Connection* connection) const {
+    sqlite3_close(connection->handle);
+    delete connection;
+}
+
+Database open(const std::string& path, const std::string& password, Access access) {
+    // Opened for writing in both cases: a reader, too, must roll back what a killed program left.
+    Database database = openHandle(path, SQLITE_OPEN_READWRITE);
+    if (!password.empty()) setKey(*database, path, password);
+    try {
+        query(*database, "SELECT count(*) FROM sqlite_master");  // a wrong password shows here
+    } catch (Error& error) {
+        if (error.number == SQLITE_NOTADB) error.text += ": " + path;
+        throw;
+    }
+    execute(*database, access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
+    return database;
+}
+
+Database create(const std::string& path, const std::string& password) {
+    if (std::filesystem::exists(path)) throw Error{SQLITE_CANTOPEN, "the file exists already: " + path};
+    Database database = openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    setKey(*database, path, password);
+    return database;
+}
+
+void lock(Connection& database) {
+    try {
+        execute(database, "BEGIN EXCLUSIVE");
+    } catch (Error& error) {
+        if (error.number == couldNotLockFile) error.number = lockedByAnother;
+        throw;
+    }
+    // Only now: two connections that both keep their reading locks would wait for each other for good.
+    execute(database, "PRAGMA locking_mode = EXCLUSIVE");
+}
+
+Rows query(Connection& database, const std::string& sql, std::span<const Value> values) {
+    const Statement statement = prepare(database, sql);
+    int place = 0;
+    for (const Value& value : values) bind(statement.get(), ++place, value);
+    Rows result{columnNames(statement.get()), {}};
+    while (step(database, statement.get())) {
+        std::vector<Value>& row = result.rows.emplace_back();
+        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i) row.push_back(columnValue(statement.get(), i));
+    }
+    return result;
+}
+
+std::vector<std::string> columnsOf(Connection& database, const std::string& sql) {
+    return columnNames(prepare(database, sql).get());
+}
+
+void execute(Connection& database, const std::string& sql, std::span<const Value> values) {
+    query(database, sql, values);
+}
+
+std::int64_t lastRow(Connection& database) { return sqlite3_last_insert_rowid(database.handle); }
+
+}  // namespace engine

@@ -1,0 +1,60 @@
+// The database engine, an encrypted SQL engine, behind a few plain operations. Its header is included by the
+// one file that implements them. The file opens with the same password in the engine's own command-line
+// tool at its default settings.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace engine {
+
+/// Empty, whole number, number or text.
+using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+/// A failure. Lock conflicts carry the numbers below, all others the engine's own number and text.
+struct Error {
+    int number;
+    std::string text;
+};
+
+constexpr int handleNotSet = 91;
+constexpr int couldNotLockFile = 3050;
+constexpr int lockCountExceeded = 3052;
+constexpr int changedByAnother = 3197;
+constexpr int lockedByAnother = 3260;
+
+struct Connection;
+struct Closer {
+    void operator()(Connection* connection) const;
+};
+using Database = std::unique_ptr<Connection, Closer>;
+
+enum class Access { Read, Write };
+
+struct Rows {
+    std::vector<std::string> columns;
+    std::vector<std::vector<Value>> rows;
+};
+
+/// Opens an existing file; never creates one. An empty password opens it without a key. With Access::Read
+/// nothing can be changed, yet the journal of a killed program is still rolled back.
+Database open(const std::string& path, const std::string& password, Access access);
+
+/// Makes a new encrypted file; an existing one is an error.
+Database create(const std::string& path, const std::string& password);
+
+/// Takes the file for this connection alone, until it is closed: no later statement can meet a lock.
+void lock(Connection& database);
+
+Rows query(Connection& database, const std::string& sql, std::span<const Value> values = {});
+std::vector<std::string> columnsOf(Connection& database, const std::string& sql);
+void execute(Connection& database, const std::string& sql, std::span<const Value> values = {});
+
+/// Number of the row that the last insertion made.
+std::int64_t lastRow(Connection& database);
+
+}  // namespace engine

@@ -1,0 +1,84 @@
+#include "store/openTable.h"
+
+#include <cmath>
+
+#include "platform/host.h"
+#include "platform/randomSource.h"
+
+namespace store {
+
+std::string path() { return host().programFolder() + "/data/TavixData.mdb"; }
+
+}  // namespace store
+
+namespace {
+
+engine::Database db;
+
+constexpr int lockAttempts = 10;
+
+/// Asks the person; the answer No ends the program on the spot.
+void finalDialog(const engine::Error& error, const std::string& status) {
+    const std::string text =
+        "Error " + std::to_string(error.number) + ": " + error.text + "\r\nStatus was " + status + "\r\nRetry?";
+    if (!ask(text, "Problems opening table")) endProgram();
+}
+
+/// The pause grows with the square of the attempt and has a random part. Its length is a 16-bit number, so a
+/// conflict that lasts ends the run with an overflow, within six attempts. The count takes no fixed time.
+void pauseForLock(Int16 lockCount) {
+    host().yield();
+    const double random = std::floor(randomSource::draw() * 3000.0 + 1000.0);
+    const Int16 rounds = round16(random * lockCount.toFloat() * lockCount.toFloat());
+    [[maybe_unused]] volatile int counted = 0;  // volatile, or the count would be left out
+    for (int i = 1; i <= rounds.toInt(); ++i) counted = i;
+}
+
+void retryLock(const engine::Error& error, Int16& lockCount, const std::string& status) {
+    ++lockCount;
+    if (lockCount > lockAttempts) {
+        if (!ask(error.text + " Retry?", {}, Icon::Question)) {
+            finalDialog(error, status);
+            return;
+        }
+        lockCount = 1;
+    }
+    pauseForLock(lockCount);
+}
+
+/// A handle was missing: one attempt without password and for writing. A failure here is a fault.
+void openWithPathAlone() {
+    try {
+        db = engine::open(store::path(), {}, engine::Access::Write);
+    } catch (const engine::Error& error) {
+        throw Fault{error.number, error.text};
+    }
+}
+
+void recover(const engine::Error& error, Int16& lockCount, const std::string& status) {
+    switch (error.number) {
+        case engine::handleNotSet: openWithPathAlone(); break;
+        case engine::couldNotLockFile:
+        case engine::lockCountExceeded:
+        case engine::lockedByAnother: retryLock(error, lockCount, status); break;
+        case engine::changedByAnother: break;
+        default: finalDialog(error, status);
+    }
+}
+
+}  // namespace
+
+RecordSet openTable(const std::string& source, bool readOnly, const std::string& status) {
+    Int16 lockCount;
+    db.reset();
+    while (true) {
+        try {
+            if (!db) db = engine::open(store::path(), store::password, readOnly ? engine::Access::Read : engine::Access::Write);
+            return RecordSet::open(*db, source, readOnly);
+        } catch (const engine::Error& error) {
+            recover(error, lockCount, status);
+        }
+    }
+}
+
+void closeDatabase() { db.reset(); }

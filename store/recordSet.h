@@ -1,0 +1,84 @@
+// Record sets: the rows of one table or selection, read forward and changed row by row. A read-only set is
+// a snapshot. Every Update is on the disk when it returns.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/checkedInteger.h"
+#include "store/engine.h"
+
+struct RecordSet;
+
+/// One column of the current row, or of the row that is being added or edited. Reading an empty value as a
+/// text or a number faults with Invalid use of Null, reading a text that is no number as one with Type
+/// mismatch, a number beyond the bits with Overflow.
+struct Field {
+    RecordSet* set;
+    std::size_t column;
+
+    [[nodiscard]] bool isNull() const;
+    [[nodiscard]] std::string text() const;
+    [[nodiscard]] double number() const;
+    [[nodiscard]] Int16 short16() const;
+    [[nodiscard]] Int32 long32() const;
+    /// A truth value; empty counts as false.
+    [[nodiscard]] bool isTrue() const;
+
+    const Field& operator=(const std::string& value) const;
+    const Field& operator=(const char* value) const;
+    const Field& operator=(Int16 value) const;
+    const Field& operator=(Int32 value) const;
+    const Field& operator=(int value) const;
+    const Field& operator=(double value) const;
+    /// A truth value goes in as -1 or 0.
+    const Field& operator=(bool value) const;
+
+private:
+    [[nodiscard]] const engine::Value& value() const;
+    [[nodiscard]] std::string name() const;
+    const Field& put(engine::Value value) const;
+};
+
+struct RecordSet {
+    /// Opens the set on a database that stays open as long as the set is in use. Failures are engine errors,
+    /// all of them here: a writable set takes the file for itself at once.
+    static RecordSet open(engine::Connection& database, const std::string& source, bool readOnly);
+
+    /// No current record: the set is empty or read to its end. (EOF itself is a macro of the C library.)
+    [[nodiscard]] bool isEOF();
+    [[nodiscard]] Int16 recordCount();
+
+    /// The column of that name, case aside; a name that is missing faults with Item not found.
+    Field Fields(std::string_view name);
+    void MoveNext();
+
+    void AddNew();
+    void Edit();
+    /// Writes the row to the disk. A failure of the engine is a fault with its number and text.
+    void Update();
+
+    /// Ends the use of the set; the database is closed apart from it.
+    void Close();
+
+private:
+    friend struct Field;
+    enum class Mode { Browsing, Adding, Editing };
+
+    void load();
+    void insertRow();
+    void updateRow();
+
+    engine::Connection* database = nullptr;
+    std::string source;
+    std::string table;
+    bool readOnly = true;
+    bool loaded = false;
+    std::vector<std::string> columns;
+    std::vector<std::vector<engine::Value>> rows;  // of a writable set, the row number in front
+    std::size_t current = 0;
+    Mode mode = Mode::Browsing;
+    std::vector<engine::Value> buffer;  // of the row that is being added or edited
+    std::vector<bool> touched;
+};

@@ -1,0 +1,24 @@
+// Comma-separated tables as the experimenter writes them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace csv {
+
+struct Line {
+    int number;  ///< of the line in the file on which it begins, from 1
+    std::vector<std::string> fields;
+};
+
+struct Problem {
+    int line;
+    std::string text;
+};
+
+/// The lines of a file: fields parted by commas, double quotes around a field that holds commas, quotes
+/// (doubled) or line breaks. Empty lines are left out. Throws Problem for a quote that is not closed, or one
+/// with something behind it.
+std::vector<Line> parse(const std::string& bytes);
+
+}  // namespace csv

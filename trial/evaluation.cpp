@@ -1,0 +1,104 @@
+#include "trial/evaluation.h"
+
+#include <cmath>
+
+#include "diagnosis/modHypotheses.h"
+#include "forms/frmDiagnosis.h"
+#include "forms/frmTavix.h"
+#include "platform/numberText.h"
+#include "state/TrialEvaluation.h"
+#include "state/TrialState.h"
+#include "store/Options.h"
+#include "trial/endings.h"
+#include "trial/runHooks.h"
+
+namespace evaluation {
+
+using numberText::toNumber;
+using numberText::twoDecimals;
+
+namespace {
+
+/// Row of the dialog that names the true disease; one past the last row if none does.
+Int16 rowOfTrueDisease() {
+    const std::string& truth = trialState.diseaseTerms[trialState.diseaseIndex].term;
+    Int16 row = 0;
+    while (row < frmDiagnosis.DiagnosisCount && frmDiagnosis.cboHypothesis[row].text != truth) ++row;
+    return row;
+}
+
+void takeBeliefs() {
+    TrialEvaluation& e = trialEvaluation;
+    const Int16 row = rowOfTrueDisease();
+    e.beliefText = row < frmDiagnosis.DiagnosisCount ? frmDiagnosis.lblBelief[row].caption : "0";
+    // Beliefs that the commits did not normalise are normalised now, for the score.
+    if (Options.UseNormalizeScore && !Options.Normalize) modHypotheses::normalizeBeliefs();
+    // Without a row for the true disease this is the resting text of the first unused row.
+    e.normalizedBeliefText = frmDiagnosis.lblBelief[row].caption;
+}
+
+void takeChances() {
+    if (!Options.FeedbackDiseaseP) return;
+    const LikelihoodRow& chances = trialState.likelihoodTable[trialState.findingsMask];
+    trialEvaluation.guessChanceText = twoDecimals(chances.diseaseChance[trialState.guessDiseaseIndex]);
+    trialEvaluation.diseaseChanceText = twoDecimals(chances.diseaseChance[trialState.diseaseIndex]);
+}
+
+void chargeBelief() {
+    TrialEvaluation& e = trialEvaluation;
+    const double belief = toNumber(Options.UseNormalizeScore ? e.normalizedBeliefText : e.beliefText);
+    const double diff = std::fabs(belief - toNumber(e.diseaseChanceText));
+    e.diffText = numberText::general(diff);
+    const double cost = Options.MaxBeliefCost.number();
+    trialState.penalty = cost - cost * std::pow(1.0 - diff, 2.0);
+    trialState.score = round32(trialState.score.toFloat() - trialState.penalty);
+    e.penaltyText = numberText::digitsOnly(trialState.penalty);
+    if (e.penaltyText.empty()) e.penaltyText = "0";
+    e.previousScoreText = frmTavix.lblScore.caption;
+}
+
+void payForHealth() {
+    TrialEvaluation& e = trialEvaluation;
+    e.healthShown = trialState.patientSaved;
+    if (!e.healthShown) return;
+    e.endHealthText = frmTavix.lblHealth.caption;
+    const Int16 award = round16(trialState.health.toFloat() * Options.HealAward.number() / 10.0);
+    e.healthScoreText = numberText::whole(award);
+    trialState.score = round32(trialState.score.toFloat() + toNumber(e.healthScoreText));
+}
+
+void chargeTests() {
+    const double cost = Options.TestCost.number();
+    if (cost <= 0) return;
+    trialEvaluation.testCountText = numberText::whole(trialState.testCount);
+    trialEvaluation.testScoreText = numberText::general(-trialState.testCount.toFloat() * cost);
+    trialState.score = round32(trialState.score.toFloat() + toNumber(trialEvaluation.testScoreText));
+}
+
+/// The change as the subject can add it up from the texts on show: it uses the whole-number penalty and can
+/// differ by one from what the score really moved.
+void sumUp() {
+    TrialEvaluation& e = trialEvaluation;
+    e.diffScoreText = twoDecimals(toNumber(e.diffText));
+    e.penaltyCalcText = e.penaltyText;
+    Int16 change = round16(toNumber(e.testScoreText) - toNumber(e.penaltyCalcText));
+    if (e.healthShown) change = round16(change.toFloat() + toNumber(e.healthScoreText));
+    e.scoreChangeText = numberText::whole(change);
+    e.newScoreText = numberText::whole(trialState.score);
+}
+
+}  // namespace
+
+void evaluateTrial() {
+    takeBeliefs();
+    takeChances();
+    if (trialState.patients[trialState.currentPatient].status != endings::aborted) {
+        chargeBelief();
+        payForHealth();
+    }
+    chargeTests();
+    sumUp();
+    runHook(runHooks().showFeedback);
+}
+
+}  // namespace evaluation

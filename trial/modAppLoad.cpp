@@ -1,0 +1,107 @@
+#include "trial/modAppLoad.h"
+
+#include <string>
+
+#include "forms/frmLogin.h"
+#include "forms/frmTavix.h"
+#include "knowledge/modDisease.h"
+#include "knowledge/modLikely.h"
+#include "knowledge/modPatient.h"
+#include "knowledge/modTests.h"
+#include "knowledge/modTreatments.h"
+#include "knowledge/termOrders.h"
+#include "platform/host.h"
+#include "platform/numberText.h"
+#include "state/TrialState.h"
+#include "store/Options.h"
+#include "store/openTable.h"
+#include "trial/runHooks.h"
+
+namespace modAppLoad {
+
+namespace {
+
+std::string textOrEmpty(const Field& field) { return field.isNull() ? std::string() : field.text(); }
+
+/// A start time of 9:05 is held as "09" and "05". The minute, not the hour, decides whether the hour gets its
+/// zero: 9:30 stays "9", and 12:05 becomes "012". Both read back as they should.
+void loadStartTime(RecordSet& row) {
+    const Field minute = row.Fields("StartMin");
+    const std::string zero = !minute.isNull() && minute.number() < 10 ? "0" : "";
+    Options.StartHour.set(zero + textOrEmpty(row.Fields("StartHour")));
+    Options.StartMin.set(zero + textOrEmpty(minute));
+}
+
+/// One column for two flags that exclude each other; an empty one leaves both as they are.
+void loadTreatmentProperty(RecordSet& row) {
+    const Field property = row.Fields("TreatmentProperty");
+    if (property.isNull()) return;
+    const double value = property.number();
+    if (value != 1 && value != 0 && value != -1) {
+        tell("Error in TreatmentProperty of options in database file, table tblAppDefault");
+        endProgram();
+    }
+    Options.OneTreatment.set(value == 1);
+    Options.Risk.set(value == -1);
+}
+
+}  // namespace
+
+void listSettings() {
+    RecordSet settings = openTable(std::string("SELECT * FROM [tblAppDefault] ") + "ORDER BY [tblAppDefault.Setting]",
+                                   true, "opening tblAppDefault table for settings");
+    Control& list = frmLogin.cboType;
+    for (; !settings.isEOF(); settings.MoveNext()) addItem(list, settings.Fields("Setting").text());
+    settings.Close();
+    closeDatabase();
+    if (!list.items.empty()) setText(list, list.items.front());
+}
+
+void loadOptions() {
+    runHook(runHooks().loadOptionsForm);
+    RecordSet row = openTable("SELECT * FROM [tblAppDefault] WHERE [Setting]='" + trialState.settingName + "'", true,
+                              "Loading options");
+    if (row.isEOF()) {
+        tell("Settings in tblappdefault were somehow deleted", "Weird option load error");
+        endProgram();
+    }
+    trialState.testLengthSetting = textOrEmpty(row.Fields("TestLengthSetting"));
+    Options.Time.set(row.Fields("Time").short16());
+    Options.SimRate.set(row.Fields("SimRate").short16());
+    loadStartTime(row);
+    for (const TextColumn& column : textColumns()) (Options.*column.field).set(textOrEmpty(row.Fields(column.column)));
+    for (const FlagColumn& column : flagColumns()) {
+        if (row.Fields(column.column).isTrue()) (Options.*column.flag).set(true);
+    }
+    // After DoTreatments, whose own rule sets the two flags as well.
+    loadTreatmentProperty(row);
+    row.Close();
+    closeDatabase();
+}
+
+void loadCaseData() {
+    modPatient::loadPatients();
+    modDisease::loadBaseRates();
+    modDisease::loadDiseaseSymptom();
+    if (frmLogin.IsNew) {
+        termOrders::loadVocabulary();
+    } else {
+        termOrders::restoreTermOrders();
+    }
+    modTests::loadTests();
+    modTreatments::loadTreatments();
+    closeDatabase();
+}
+
+void changeSetting() {
+    const Control& list = frmTavix.cboT;
+    const int position = findItem(list, list.text);
+    if (position < 0) return;
+    trialState.settingIndex = position;
+    trialState.settingName = list.text;
+    loadCaseData();
+    modLikely::buildLikelihoodTable();
+    modTreatments::displayTreatments();
+}
+
+}  // namespace modAppLoad

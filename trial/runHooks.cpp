@@ -1,0 +1,10 @@
+#include "trial/runHooks.h"
+
+RunHooks& runHooks() {
+    static RunHooks hooks;
+    return hooks;
+}
+
+void runHook(const std::function<void()>& hook) {
+    if (hook) hook();
+}
