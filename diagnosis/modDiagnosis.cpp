@@ -25,7 +25,8 @@ void enableTime(bool enabled) {
 }
 
 void focusLastName() {
-    if (!Options.DiagnoseAllDiseases) windows::setFocus(frmDiagnosis.cboHypothesis[frmDiagnosis.DiagnosisCount - 1]);
+    if (!Options.DiagnoseAllDiseases)
+        windows::setFocus(frmDiagnosis.cboHypothesis[frmDiagnosis.DiagnosisCount - 1]);
 }
 
 void showOnMainScreen(Int16 row) {
@@ -46,7 +47,8 @@ Guess takeGuess() {
     Guess guess;
     for (Int16 row = 0; row < frmDiagnosis.DiagnosisCount; ++row) {
         const Int16 belief = frmDiagnosis.hsbBelief[row].value;
-        const std::string named = frmDiagnosis.cboHypothesis[row].text + " " + numberText::whole(belief) + "%";
+        const std::string named =
+            frmDiagnosis.cboHypothesis[row].text + " " + numberText::whole(belief) + "%";
         if (belief > guess.belief) {
             guess = {belief, named};
             trialState.guessRow = row;

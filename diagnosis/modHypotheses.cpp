@@ -76,7 +76,8 @@ void loadAllDiseases() {
         setMin(f.hsbBelief[i], 0);
         setMax(f.hsbBelief[i], wholeBelief);
         const bool toRates = static_cast<bool>(Options.InitToBaseRates);
-        setValue(f.hsbBelief[i], toRates ? trialState.baseRates[trialState.settingIndex].percents[i] : Int16(0));
+        setValue(f.hsbBelief[i],
+                 toRates ? trialState.baseRates[trialState.settingIndex].percents[i] : Int16(0));
         setListIndex(f.cboHypothesis[i], 0);
         if (i == last) break;
         addOrRemove(i);

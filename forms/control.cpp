@@ -95,7 +95,9 @@ void setColumn(Control& chart, int column, const std::string& value) {
     put(chart, chart.columns[static_cast<std::size_t>(column)], value, Property::Columns);
 }
 
-void setPicture(Control& picture, const std::string& path) { put(picture, picture.text, path, Property::Text); }
+void setPicture(Control& picture, const std::string& path) {
+    put(picture, picture.text, path, Property::Text);
+}
 
 void setText(Control& control, const std::string& text) { putText(control, text, text::length(text)); }
 

@@ -47,6 +47,9 @@ struct Look {
     bool bold = false;
     bool fixedWidth = false;
     Align align = Align::Left;
+    bool primary = false;  ///< the button that leads on
+    bool framed = false;   ///< a label drawn as a frame around other controls
+    bool clips = false;    ///< a text too long for its place is cut and not set smaller
 };
 
 /// What the form does. An empty function is an event that nobody handles.
@@ -97,7 +100,21 @@ struct Control {
     Handlers on;
 };
 
-enum class Property { Design, Box, Visible, Enabled, Caption, Text, Selection, Items, Value, Range, Interval, Columns, Focus };
+enum class Property {
+    Design,
+    Box,
+    Visible,
+    Enabled,
+    Caption,
+    Text,
+    Selection,
+    Items,
+    Value,
+    Range,
+    Interval,
+    Columns,
+    Focus
+};
 
 /// Told of every change after it has happened and before the form's handler runs. Property::Design on a
 /// form says that all its controls went back to their design.

@@ -15,7 +15,8 @@ void renew(Control& control, Kind kind) {
     control = Control{};
     control.on = std::move(kept);
     control.kind = kind;
-    if (std::find(enrolled().begin(), enrolled().end(), &control) == enrolled().end()) enrolled().push_back(&control);
+    if (std::find(enrolled().begin(), enrolled().end(), &control) == enrolled().end())
+        enrolled().push_back(&control);
 }
 
 }  // namespace
@@ -58,8 +59,8 @@ Control& label(Container in, Control& control, const std::string& name, const Bo
     return place(in, control, Kind::Label, name, box, caption, element);
 }
 
-Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min, Int16 max,
-                   Int16 value, int element) {
+Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min,
+                   Int16 max, Int16 value, int element) {
     place(in, control, Kind::ScrollBar, name, box, {}, element);
     control.min = min;
     control.max = max;

@@ -43,8 +43,8 @@ Control& button(Container in, Control& control, const std::string& name, const B
                 const std::string& caption, int element = -1);
 Control& label(Container in, Control& control, const std::string& name, const Box& box,
                const std::string& caption = {}, int element = -1);
-Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min, Int16 max,
-                   Int16 value, int element = -1);
+Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min,
+                   Int16 max, Int16 value, int element = -1);
 /// A line from one point to another.
 Control& line(Container in, Control& control, const std::string& name, float x1, float y1, float x2, float y2,
               int element = -1);

@@ -15,14 +15,16 @@ void designRow(int i) {
         .visible = i == 0;
     const design::Container frame{&f.fraHypothesis[i]};
     design::label(frame, f.lblSelect[i], "lblSelect", {120, 240, 1935, 255}, "Select", i);
-    design::place(frame, f.cboHypothesis[i], Kind::ComboBox, "cboHypothesis", {120, 480, 1455, 315}, "Unknown", i);
-    design::label(frame, f.lblBeliefMeter[i], "lblBeliefMeter", {1680, 240, 975, 255}, "Belief Meter", i).visible =
-        false;
+    design::place(frame, f.cboHypothesis[i], Kind::ComboBox, "cboHypothesis", {120, 480, 1455, 315},
+                  "Unknown", i);
+    design::label(frame, f.lblBeliefMeter[i], "lblBeliefMeter", {1680, 240, 975, 255}, "Belief Meter", i)
+        .visible = false;
     Control& meter = design::scrollBar(frame, f.hsbBelief[i], "hsbBelief", {1680, 480, 1695, 255}, 1, 100,
                                        startValues[row], i);
     meter.visible = false;
     meter.largeChange = 5;
-    Control& belief = design::label(frame, f.lblBelief[i], "lblBelief", {3480, 480, 495, 255}, startTexts[row], i);
+    Control& belief =
+        design::label(frame, f.lblBelief[i], "lblBelief", {3480, 480, 495, 255}, startTexts[row], i);
     belief.visible = false;
     belief.look = {210, true};
 }
@@ -41,13 +43,15 @@ void designFrmDiagnosis() {
                        "Add Hypothesis", i)
             .visible = i == 0;
     }
-    Control& cancel = design::button(form, f.cmdCancel, "cmdCancel", {120, 4560, 1935, 615}, "Cancel, discard changes");
+    Control& cancel =
+        design::button(form, f.cmdCancel, "cmdCancel", {120, 4560, 1935, 615}, "Cancel, discard changes");
     cancel.visible = false;
     cancel.enabled = false;
     design::button(form, f.cmdTests, "cmdTests", {2160, 4560, 1335, 615}, "Return to Tests").enabled = false;
-    Control& diagnose = design::button(form, f.cmdDiagnose, "cmdDiagnose", {3600, 4560, 2175, 615}, "Go to Treatment");
+    Control& diagnose =
+        design::button(form, f.cmdDiagnose, "cmdDiagnose", {3600, 4560, 2175, 615}, "Go to Treatment");
     diagnose.enabled = false;
-    diagnose.look = {240, true};
+    diagnose.look = {.fontSize = 240, .bold = true, .primary = true};
 
     f.DiagnosisCount = 0;
     f.FirstTime = false;

@@ -11,6 +11,7 @@ void designFrmLogin() {
     design::label(form, f.tagType, "tagType", {240, 945, 1200, 255}, "Scenario:");
     design::place(form, f.cboType, Kind::ComboBox, "cboType", {1500, 870, 3660, 405});
     design::button(form, f.cmdOk, "cmdOk", {1500, 1695, 1740, 525}, "Ok").enabled = false;
+    f.cmdOk.look.primary = true;
     design::button(form, f.cmdQuit, "cmdQuit", {3420, 1695, 1740, 525}, "Quit");
     f.IsNew = false;
     f.QuitMe = false;

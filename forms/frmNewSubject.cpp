@@ -11,14 +11,15 @@ void designFrmNewSubject() {
     design::label(form, f.tagMajor, "tagMajor", {240, 795, 1200, 255}, "Major:");
     design::place(form, f.boxMajor, Kind::ComboBox, "boxMajor", {1500, 720, 4860, 405}, "Major");
     design::label(form, f.lblGender, "lblGender", {240, 1365, 1200, 255}, "Gender:");
-    design::place(form, f.optFemale, Kind::OptionButton, "optFemale", {1500, 1320, 1500, 345}, "Female").value = 1;
+    design::place(form, f.optFemale, Kind::OptionButton, "optFemale", {1500, 1320, 1500, 345}, "Female")
+        .value = 1;
     design::place(form, f.optMale, Kind::OptionButton, "optMale", {3120, 1320, 1500, 345}, "Male");
     design::label(form, f.tagAge, "tagAge", {240, 1935, 1200, 255}, "Age:");
     design::place(form, f.txtAge, Kind::TextBox, "txtAge", {1500, 1860, 1500, 405});
     design::label(form, f.lblHistory, "lblHistory", {240, 2490, 6120, 255},
                   "Briefly describe your familiarity with the medical field.");
     design::place(form, f.txtHistory, Kind::TextBox, "txtHistory", {240, 2820, 6120, 1875}).multiLine = true;
-    design::button(form, f.btnBegin, "btnBegin", {2700, 4935, 1740, 525}, "Begin");
+    design::button(form, f.btnBegin, "btnBegin", {2700, 4935, 1740, 525}, "Begin").look.primary = true;
     design::button(form, f.btnCancel, "btnCancel", {4620, 4935, 1740, 525}, "Cancel");
     f.Cleared = false;
     design::finish(f.form);

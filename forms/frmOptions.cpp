@@ -25,11 +25,12 @@ void ticks(Control& frame, const std::vector<TickRow>& rows) {
 
 void designMeter(float top, Control& title, const char* titleName, const char* titleText, Control& bar,
                  const char* barName, Int16 max, Control& low, const char* lowName, Control& high,
-                 const char* highName, Control& value, const char* valueName, Control& unit, const char* unitName,
-                 const char* unitText) {
+                 const char* highName, Control& value, const char* valueName, Control& unit,
+                 const char* unitName, const char* unitText) {
     const design::Container in{&frmOptions.fraTime};
     design::label(in, title, titleName, {150, top, 3000, 255}, titleText);
-    design::label(in, value, valueName, {3225, top, 450, 255}, "4").look = {210, true, false, Look::Align::Right};
+    design::label(in, value, valueName, {3225, top, 450, 255}, "4").look = {210, true, false,
+                                                                            Look::Align::Right};
     design::label(in, unit, unitName, {3750, top, 1050, 255}, unitText);
     design::label(in, low, lowName, {150, top + 285, 300, 255}, "1").look.align = Look::Align::Right;
     design::scrollBar(in, bar, barName, {525, top + 285, 3600, 255}, 1, max, 4);
@@ -39,12 +40,12 @@ void designMeter(float top, Control& title, const char* titleName, const char* t
 void designTime() {
     FrmOptions& f = frmOptions;
     design::place({&f.form}, f.fraTime, Kind::Frame, "fraTime", {120, 120, 10440, 1800}, "Time Parameters");
-    designMeter(330, f.lblLengthTitle, "lblLengthTitle", "Actual Time Per Patient", f.hsbLength, "hsbLength", 30,
-                f.lblLengthMin, "lblLengthMin", f.lblLengthMax, "lblLengthMax", f.lblLength, "lblLength",
+    designMeter(330, f.lblLengthTitle, "lblLengthTitle", "Actual Time Per Patient", f.hsbLength, "hsbLength",
+                30, f.lblLengthMin, "lblLengthMin", f.lblLengthMax, "lblLengthMax", f.lblLength, "lblLength",
                 f.lblMinutes, "lblMinutes", "minute(s)");
     designMeter(1050, f.lblRateTitle, "lblRateTitle", "Simulation Hours per Minute", f.hsbRate, "hsbRate", 20,
-                f.lblHoursMin, "lblHoursMin", f.lblHoursMax, "lblHoursMax", f.lblRate, "lblRate", f.lblHourUnits,
-                "lblHourUnits", "hour(s)");
+                f.lblHoursMin, "lblHoursMin", f.lblHoursMax, "lblHoursMax", f.lblRate, "lblRate",
+                f.lblHourUnits, "lblHourUnits", "hour(s)");
     const design::Container in{&f.fraTime};
     design::label(in, f.lblStartTime, "lblStartTime", {6000, 420, 1500, 255}, "Starting Time:");
     design::place(in, f.txtTime[0], Kind::TextBox, "txtTime", {7500, 345, 600, 405}, "01", 0);
@@ -54,7 +55,8 @@ void designTime() {
 
 void designScoring() {
     FrmOptions& f = frmOptions;
-    design::place({&f.fraSettings}, f.fraScoring, Kind::Frame, "fraScoring", {150, 300, 5025, 3000}, "Scoring");
+    design::place({&f.fraSettings}, f.fraScoring, Kind::Frame, "fraScoring", {150, 300, 5025, 3000},
+                  "Scoring");
     struct Row {
         Control* label;
         const char* labelName;
@@ -67,8 +69,8 @@ void designScoring() {
         {&f.lblInitScore, "lblInitScore", "Initial Score:", &f.txtInitScore, "txtInitScore", "2000"},
         {&f.lblTestBuffer, "lblTestBuffer", "# Patients before applying Test Costs:", &f.txtTestBuffer,
          "txtTestBuffer", "0"},
-        {&f.lblBeliefBuffer, "lblBeliefBuffer", "# Patients before applying Belief Costs:", &f.txtBeliefBuffer,
-         "txtBeliefBuffer", "0"},
+        {&f.lblBeliefBuffer, "lblBeliefBuffer",
+         "# Patients before applying Belief Costs:", &f.txtBeliefBuffer, "txtBeliefBuffer", "0"},
         {&f.lblTestCost, "lblTestCost", "Test Cost:", &f.txtTestCost, "txtTestCost", "25"},
         {&f.lblBeliefCost, "lblBeliefCost", "Maximum Belief Cost:", &f.txtBeliefCost, "txtBeliefCost", "50"},
         {&f.lblHealAward, "lblHealAward", "Heal Award:", &f.txtHealAward, "txtHealAward", "100"},
@@ -76,7 +78,8 @@ void designScoring() {
     float top = 315;
     for (const Row& row : rows) {
         design::label({&f.fraScoring}, *row.label, row.labelName, {150, top + 60, 3525, 255}, row.caption);
-        design::place({&f.fraScoring}, *row.box, Kind::TextBox, row.boxName, {3750, top, 1125, 375}, row.text);
+        design::place({&f.fraScoring}, *row.box, Kind::TextBox, row.boxName, {3750, top, 1125, 375},
+                      row.text);
         top += 435;
     }
 }
@@ -93,7 +96,8 @@ void designFrmOptions() {
     FrmOptions& f = frmOptions;
     design::form(f.form, "frmOptions", "Options", 10680, 9300);
     designTime();
-    design::place({&f.form}, f.fraSettings, Kind::Frame, "fraSettings", {120, 2040, 10440, 6420}, "Experiment");
+    design::place({&f.form}, f.fraSettings, Kind::Frame, "fraSettings", {120, 2040, 10440, 6420},
+                  "Experiment");
     designScoring();
     frameOfTicks(f.fraPatients, "fraPatients", {150, 3450, 5025, 1155}, "Patients",
                  {{&f.chkCycle, "chkCycle", "Cycle Patient Data"},
@@ -120,7 +124,7 @@ void designFrmOptions() {
                  {{&f.chkBaseRates, "chkBaseRates", "Disease Base Rates"},
                   {&f.chkSVD, "chkSVD", "Symptom to Disease Table"},
                   {&f.chkTreatmentTable, "chkTreatmentTable", "Treatment to Disease Table"}});
-    design::button({&f.form}, f.cmdStart, "cmdStart", {8625, 8610, 1935, 525}, "Start");
+    design::button({&f.form}, f.cmdStart, "cmdStart", {8625, 8610, 1935, 525}, "Start").look.primary = true;
     f.isLoaded = false;
     design::finish(f.form);
 }

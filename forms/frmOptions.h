@@ -18,8 +18,8 @@ struct FrmOptions {
 
     Control fraPatients, chkCycle, chkOptionsFrequency;
     Control fraDiagnosis, chkForce, chkStopTime, chkDiagnoseAll, chkInitToBaseRates, chkYoke, chkNormalize;
-    Control Frame1, chkFeedbackSymptom, chkFeedbackTests, chkDiseaseProbability, chkUseNormalize, chkShowNormalize,
-        chkBestTreatment;
+    Control Frame1, chkFeedbackSymptom, chkFeedbackTests, chkDiseaseProbability, chkUseNormalize,
+        chkShowNormalize, chkBestTreatment;
     Control fraExperimentDepth, chkTreatments, chkRisk, chkOneTreatment;
     Control fraTables, chkBaseRates, chkSVD, chkTreatmentTable;
     Control cmdStart;

@@ -12,7 +12,9 @@ constexpr Look smallBold{165, true};
 constexpr Look smallRight{165, false, false, Look::Align::Right};
 constexpr Look smallBoldRight{165, true, false, Look::Align::Right};
 constexpr Look tagText{180};
-constexpr Look bigValue{390, true};
+constexpr Look tableText{190, false, true};
+constexpr Look nameValue{285, true};
+constexpr Look bigValue{405, true};
 
 std::vector<PlotWatcher>& plotWatchers() {
     static std::vector<PlotWatcher> list;
@@ -23,7 +25,7 @@ void designStatusLine(FrmTavix& f) {
     design::place({&f.form}, f.fraStatus, Kind::Frame, "fraStatus", {120, 0, 7575, 855}).visible = false;
     const Container in{&f.fraStatus};
     label(in, f.tagPatient, "tagPatient", {120, 60, 2700, 225}, "Name:").look = tagText;
-    label(in, f.lblPatientName, "lblPatientName", {120, 300, 2700, 480}).look = bigValue;
+    label(in, f.lblPatientName, "lblPatientName", {120, 300, 2700, 480}).look = nameValue;
     label(in, f.tagScore, "tagScore", {2940, 60, 1500, 225}, "Score:").look = tagText;
     label(in, f.lblScore, "lblScore", {2940, 300, 1560, 480}, "2000").look = bigValue;
     label(in, f.tagClock, "tagClock", {4620, 60, 1350, 225}, "Time:").look = tagText;
@@ -38,7 +40,8 @@ void designPatientPage(FrmTavix& f) {
     const Container page{&f.tabTavix, 0};
     design::place(page, f.imgPatient, Kind::Picture, "imgPatient", {120, 180, 3615, 2295});
     label(page, f.lblWelcome, "lblWelcome", {3960, 180, 3495, 390}).look = {255, true};
-    design::place(page, f.fraDescription, Kind::Frame, "fraDescription", {3960, 660, 3495, 1815}, "Description");
+    design::place(page, f.fraDescription, Kind::Frame, "fraDescription", {3960, 660, 3495, 1815},
+                  "Description");
     const Container description{&f.fraDescription};
     struct Row {
         Control* tag;
@@ -66,10 +69,12 @@ void designPatientPage(FrmTavix& f) {
     intro.readOnly = true;
     intro.look = {210};
     design::button(page, f.cmdEvidence, "cmdEvidence", {4935, 6870, 2520, 435}, "&Add Symptom ==>");
-    design::place(page, f.fraComments, Kind::Frame, "fraComments", {120, 7365, 7335, 1380}, "Comments/Reasoning");
+    design::place(page, f.fraComments, Kind::Frame, "fraComments", {120, 7365, 7335, 1380},
+                  "Comments/Reasoning");
     const Container comments{&f.fraComments};
     design::place(comments, f.txtReasoning, Kind::TextBox, "txtReasoning", {150, 315, 7035, 405});
-    design::button(comments, f.cmdNoteSymptom, "cmdNoteSymptom", {4665, 810, 2520, 435}, "&Take Down Note ==>");
+    design::button(comments, f.cmdNoteSymptom, "cmdNoteSymptom", {4665, 810, 2520, 435},
+                   "&Take Down Note ==>");
 }
 
 void designTestSlots(FrmTavix& f) {
@@ -98,14 +103,15 @@ void designTestSlots(FrmTavix& f) {
 void designTestsPage(FrmTavix& f) {
     designTestSlots(f);
     const Container page{&f.tabTavix, 1};
-    label(page, f.lblBaseRates, "lblBaseRates", {120, 4140, 7335, 240}).look = {150, false, true};
-    label(page, f.lblSvD, "lblSvD", {120, 4410, 7335, 270}).look = {180, true, true};
+    label(page, f.lblBaseRates, "lblBaseRates", {120, 4140, 7335, 240}).look = tableText;
+    label(page, f.lblSvD, "lblSvD", {120, 4410, 7335, 270}).look = tableText;
     Control& table = design::place(page, f.txtSvD, Kind::TextBox, "txtSvD", {120, 4695, 7335, 1455});
     table.multiLine = true;
     table.readOnly = true;
-    table.look = {150, false, true};
+    table.look = tableText;
 
-    design::place(page, f.fraSigns, Kind::Frame, "fraSigns", {120, 6240, 3975, 2475}, "Vital Signs (Normal Range)");
+    design::place(page, f.fraSigns, Kind::Frame, "fraSigns", {120, 6240, 3975, 2475},
+                  "Vital Signs (Normal Range)");
     const Container signs{&f.fraSigns};
     struct Row {
         Control* tag;
@@ -120,7 +126,8 @@ void designTestsPage(FrmTavix& f) {
                            Row{&f.tagBP, "tagBP", "Blood Pressure (120/80):", &f.lblBP, "lblBP"},
                            Row{&f.tagRR, "tagRR", "Respiratory Rate (12-18):", &f.lblRR, "lblRR"}}) {
         label(signs, *row.tag, row.tagName, {150, top + 30, 2550, 285}, row.caption);
-        label(signs, *row.value, row.valueName, {2760, top, 1065, 345}).look = {210, true, false, Look::Align::Centre};
+        label(signs, *row.value, row.valueName, {2760, top, 1065, 345}).look = {210, true, false,
+                                                                                Look::Align::Centre};
         top += 495;
     }
 
@@ -128,7 +135,8 @@ void designTestsPage(FrmTavix& f) {
     const Container diagnose{&f.fraDiagnose1};
     design::button(diagnose, f.cmdDiagnosis, "cmdDiagnosis", {150, 375, 2940, 570}, "Make Diagnosis");
     label(diagnose, f.tagCurrent, "tagCurrent", {150, 1065, 2940, 255}, "Current Diagnosis").look = tagText;
-    label(diagnose, f.lblCurrentHypothesis, "lblCurrentHypothesis", {150, 1320, 2940, 1020}).look = {210, true};
+    label(diagnose, f.lblCurrentHypothesis, "lblCurrentHypothesis", {150, 1320, 2940, 1020}).look = {210,
+                                                                                                     true};
 }
 
 void designTreatmentsPage(FrmTavix& f) {
@@ -137,40 +145,48 @@ void designTreatmentsPage(FrmTavix& f) {
                   "Disease Hypotheses");
     for (int i = 0; i < 4; ++i) {
         const auto column = static_cast<float>(i % 2);
-        const auto row = static_cast<float>(i / 2);
-        Control& frame = design::place({&f.fraIdentification}, f.fraHypothesis[i], Kind::Frame, "fraHypothesis",
-                                       {150 + 3570 * column, 300 + 1005 * row, 3465, 930}, {}, i);
+        const float row = i < 2 ? 0 : 1;
+        Control& frame =
+            design::place({&f.fraIdentification}, f.fraHypothesis[i], Kind::Frame, "fraHypothesis",
+                          {150 + 3570 * column, 300 + 1005 * row, 3465, 930}, {}, i);
         frame.visible = false;
         const Container in{&frame};
         label(in, f.lblHypothesis[i], "lblHypothesis", {120, 150, 2310, 285}, {}, i).look = {210, true};
         label(in, f.lblBelief[i], "lblBelief", {2520, 150, 825, 285}, {}, i).look = {210, true, false,
-                                                                                  Look::Align::Right};
-        Control& meter = design::scrollBar(in, f.hsbBelief[i], "hsbBelief", {120, 525, 3225, 255}, 0, 100, 0, i);
+                                                                                     Look::Align::Right};
+        Control& meter =
+            design::scrollBar(in, f.hsbBelief[i], "hsbBelief", {120, 525, 3225, 255}, 0, 100, 0, i);
         meter.enabled = false;
     }
-    design::button({&f.fraIdentification}, f.cmdChange, "cmdChange", {4665, 2370, 2520, 435}, "Change Diagnosis");
+    design::button({&f.fraIdentification}, f.cmdChange, "cmdChange", {4665, 2370, 2520, 435},
+                   "Change Diagnosis");
     design::timer({&f.fraIdentification}, f.tmrForceDiagnosisAfterTest, "tmrForceDiagnosisAfterTest", 10);
 
     design::place(page, f.fraTreatment, Kind::Frame, "fraTreatment", {120, 3150, 7335, 5565}).visible = false;
     const Container in{&f.fraTreatment};
-    label(in, f.lblHelpHeader, "lblHelpHeader", {150, 180, 7035, 255}, "Probabilities:").look = tagText;
-    design::place(in, f.lstTreatments, Kind::ListBox, "lstTreatments", {150, 465, 7035, 4335}).look = {150, false,
-                                                                                                      true};
-    design::place(in, f.cboTreatment, Kind::ComboBox, "cboTreatment", {150, 4965, 4425, 405}, "Choose Treatment...");
+    Control& help = label(in, f.lblHelpHeader, "lblHelpHeader", {150, 180, 7035, 255}, "Probabilities:");
+    help.look = tagText;
+    help.look.clips = true;  // its caption grows with each patient
+    design::place(in, f.lstTreatments, Kind::ListBox, "lstTreatments", {150, 465, 7035, 4335}).look =
+        tableText;
+    design::place(in, f.cboTreatment, Kind::ComboBox, "cboTreatment", {150, 4965, 4425, 405},
+                  "Choose Treatment...");
     design::button(in, f.cmdPrescribe, "cmdPrescribe", {4665, 4935, 2520, 465}, "Prescribe");
 }
 
 void designMonitor(FrmTavix& f) {
     const Container in{&f.form};
-    label(in, f.lblHealthBorder, "lblHealthBorder", {7800, 120, 7335, 3735}, "Health Monitor");
+    label(in, f.lblHealthBorder, "lblHealthBorder", {7800, 120, 7335, 3735}, "Health Monitor").look.framed =
+        true;
     label(in, f.lblHealthScreen, "lblHealthScreen", {8280, 600, 6735, 2895});
-    label(in, f.lblMonitorY, "lblMonitorY", {7860, 345, 750, 210}, "Health").look = smallText;
+    label(in, f.lblMonitorY, "lblMonitorY", {7860, 390, 750, 195}, "Health").look = smallText;
     label(in, f.lblMonitorX, "lblMonitorX", {7860, 3570, 600, 210}, "Time").look = smallText;
     constexpr std::array<const char*, 5> scale{"100", "75", "50", "25", "0"};
     for (int i = 0; i < 5; ++i) {
         const float middle = 600 + 2895 * static_cast<float>(i) / 4;
         const float top = i == 0 ? 600.F : i == 4 ? 3285.F : middle - 105;
-        label(in, f.lblHealthScale[i], "lblHealthScale", {7845, top, 390, 210}, scale[static_cast<std::size_t>(i)], i)
+        label(in, f.lblHealthScale[i], "lblHealthScale", {7845, top, 390, 210},
+              scale[static_cast<std::size_t>(i)], i)
             .look = smallRight;
     }
     for (int i = 0; i < 7; ++i) {
@@ -179,15 +195,15 @@ void designMonitor(FrmTavix& f) {
         design::line(in, f.linHealthScale[i], "linHealthScale", 8280, y, 15015, y, i);
         design::line(in, f.linTimeScale[i], "linTimeScale", x, 3495, x, 3555, i);
         label(in, f.lblX[i], "lblX", {x - 375, 3570, 750, 210}, "15:00", i).look = {165, false, false,
-                                                                                  Look::Align::Centre};
+                                                                                    Look::Align::Centre};
     }
     design::timer(in, f.tmrHealthMonitor, "tmrHealthMonitor", 1000);
     f.linHealth = {};
 }
 
 void designNotes(FrmTavix& f) {
-    design::place({&f.form}, f.fraSymptoms, Kind::Frame, "fraSymptoms", {7800, 3960, 2535, 3615}, "Symptoms").visible =
-        false;
+    design::place({&f.form}, f.fraSymptoms, Kind::Frame, "fraSymptoms", {7800, 3960, 2535, 3615}, "Symptoms")
+        .visible = false;
     const Container in{&f.fraSymptoms};
     design::button(in, f.cmdRemove, "cmdRemove", {120, 300, 2295, 435}, "&Remove Selected");
     Control& list = design::place(in, f.lstSymptoms, Kind::ListBox, "lstSymptoms", {120, 840, 2295, 2400});
@@ -196,7 +212,8 @@ void designNotes(FrmTavix& f) {
 }
 
 void designScore(FrmTavix& f) {
-    design::place({&f.form}, f.fraScore, Kind::Frame, "fraScore", {7800, 7560, 2535, 2775}, "Score").visible = false;
+    design::place({&f.form}, f.fraScore, Kind::Frame, "fraScore", {7800, 7560, 2535, 2775}, "Score").visible =
+        false;
     const Container in{&f.fraScore};
     // Tag, factors and result stand as in a sum on paper: the results under each other at the right.
     label(in, f.tagPrevious, "tagPrevious", {90, 255, 1500, 210}, "Previous Score:").look = smallText;
@@ -207,9 +224,9 @@ void designScore(FrmTavix& f) {
     label(in, f.lblHealthScore, "lblHealthScore", {1860, 495, 585, 210}).look = smallRight;
     label(in, f.tagTestScore, "tagTestScore", {90, 735, 855, 210}, "Tests:").look = smallText;
     label(in, f.lblTestCount, "lblTestCount", {930, 735, 375, 210}).look = smallRight;
-    label(in, f.lblTestFactor, "lblTestFactor", {1350, 735, 435, 210}).look = smallText;
-    label(in, f.lblFirstEqual, "lblFirstEqual", {1740, 735, 165, 210}, " =").look = smallText;
-    label(in, f.lblTestScore, "lblTestScore", {1860, 735, 585, 210}).look = smallRight;
+    label(in, f.lblTestFactor, "lblTestFactor", {1350, 735, 465, 210}).look = smallText;
+    label(in, f.lblFirstEqual, "lblFirstEqual", {1800, 735, 180, 210}, " =").look = smallText;
+    label(in, f.lblTestScore, "lblTestScore", {1965, 735, 480, 210}).look = smallRight;
     label(in, f.tagBeliefDiff, "tagBeliefDiff", {90, 975, 1200, 210}, "Belief Diff:").look = smallText;
     label(in, f.lblDiffScore, "lblDiffScore", {1740, 975, 705, 210}).look = smallRight;
     label(in, f.tagPenaltyScore, "tagPenaltyScore", {90, 1215, 900, 210}, "Penalty").look = smallText;
@@ -219,8 +236,10 @@ void designScore(FrmTavix& f) {
     label(in, f.tagScoreChange, "tagScoreChange", {90, 1710, 1500, 210}, "Score Change:").look = smallBold;
     label(in, f.lblScoreChange, "lblScoreChange", {1740, 1710, 705, 210}).look = smallBoldRight;
     label(in, f.tagNewScore, "tagNewScore", {90, 1965, 1500, 255}, "New Score:").look = {195, true};
-    label(in, f.lblNewScore, "lblNewScore", {1500, 1965, 945, 255}).look = {195, true, false, Look::Align::Right};
-    design::button(in, f.cmdViewNorm, "cmdViewNorm", {90, 2295, 2355, 375}, "View Normalized Beliefs").look = smallText;
+    label(in, f.lblNewScore, "lblNewScore", {1500, 1965, 945, 255}).look = {195, true, false,
+                                                                            Look::Align::Right};
+    design::button(in, f.cmdViewNorm, "cmdViewNorm", {90, 2295, 2355, 375}, "View Normalized Beliefs").look =
+        smallText;
 }
 
 struct FeedbackRow {
@@ -236,23 +255,25 @@ struct FeedbackRow {
 
 void designFeedbackTable(FrmTavix& f) {
     const Container in{&f.fraFeedback};
-    label(in, f.tagFinalDiagnosis, "tagFinalDiagnosis", {1380, 270, 1200, 210}, "Your Diagnosis").look = smallBold;
+    label(in, f.tagFinalDiagnosis, "tagFinalDiagnosis", {1380, 270, 1200, 210}, "Your Diagnosis").look =
+        smallBold;
     label(in, f.tagAnswer, "tagAnswer", {2640, 270, 960, 210}, "Actual").look = smallBold;
     for (const FeedbackRow& row :
          {FeedbackRow{510, &f.tagDisease, "tagDisease", "Disease:", &f.lblFinalDiagnosis, "lblFinalDiagnosis",
                       &f.lblAnswer, "lblAnswer"},
-          FeedbackRow{1020, &f.tagYourBelief, "tagYourBelief", "Your Probability Belief:", &f.lblDiagnosisBelief,
-                      "lblDiagnosisBelief", &f.lblDiseaseBelief, "lblDiseaseBelief"},
+          FeedbackRow{1020, &f.tagYourBelief, "tagYourBelief", "Your Probability Belief:",
+                      &f.lblDiagnosisBelief, "lblDiagnosisBelief", &f.lblDiseaseBelief, "lblDiseaseBelief"},
           FeedbackRow{1500, &f.tagDiseaseProbability, "tagDiseaseProbability", "p(Disease given Symptoms):",
                       &f.lblDiagChance, "lblDiagChance", &f.lblDiseaseChance, "lblDiseaseChance"},
-          FeedbackRow{1980, &f.tagNormalized, "tagNormalized", "Normalized Probability Belief:", &f.lblDiagNormalized,
-                      "lblDiagNormalized", &f.lblDiseaseNormalized, "lblDiseaseNormalized"},
-          FeedbackRow{2460, &f.tagTreatment, "tagTreatment", "Treatment:", &f.lblYourTreatment, "lblYourTreatment",
-                      &f.lblBestTreatment, "lblBestTreatment"},
-          FeedbackRow{2940, &f.tagTreatmentHeal, "tagTreatmentHeal", "p(Treatment will Heal):", &f.lblYourHeal,
-                      "lblYourHeal", &f.lblActualHeal, "lblActualHeal"},
-          FeedbackRow{3390, &f.tagTreatmentHurt, "tagTreatmentHurt", "p(Treatment will Harm):", &f.lblYourHurt,
-                      "lblYourHurt", &f.lblActualHurt, "lblActualHurt"}}) {
+          FeedbackRow{1980, &f.tagNormalized, "tagNormalized",
+                      "Normalized Probability Belief:", &f.lblDiagNormalized, "lblDiagNormalized",
+                      &f.lblDiseaseNormalized, "lblDiseaseNormalized"},
+          FeedbackRow{2460, &f.tagTreatment, "tagTreatment", "Treatment:", &f.lblYourTreatment,
+                      "lblYourTreatment", &f.lblBestTreatment, "lblBestTreatment"},
+          FeedbackRow{2940, &f.tagTreatmentHeal, "tagTreatmentHeal", "p(Treatment will Heal):",
+                      &f.lblYourHeal, "lblYourHeal", &f.lblActualHeal, "lblActualHeal"},
+          FeedbackRow{3390, &f.tagTreatmentHurt, "tagTreatmentHurt", "p(Treatment will Harm):",
+                      &f.lblYourHurt, "lblYourHurt", &f.lblActualHurt, "lblActualHurt"}}) {
         label(in, *row.tag, row.tagName, {90, row.top, 1260, 420}, row.caption).look = smallText;
         label(in, *row.yours, row.yoursName, {1380, row.top, 1215, 420}).look = smallBold;
         label(in, *row.actual, row.actualName, {2640, row.top, 960, 420}).look = smallBold;
@@ -260,8 +281,8 @@ void designFeedbackTable(FrmTavix& f) {
 }
 
 void designFeedback(FrmTavix& f) {
-    design::place({&f.form}, f.fraFeedback, Kind::Frame, "fraFeedback", {10440, 3960, 4695, 5655}, "Feedback").visible =
-        false;
+    design::place({&f.form}, f.fraFeedback, Kind::Frame, "fraFeedback", {10440, 3960, 4695, 5655}, "Feedback")
+        .visible = false;
     const Container in{&f.fraFeedback};
     designFeedbackTable(f);
     design::line(in, f.Line0, "Line0", 3600, 1200, 3720, 1200);
@@ -276,7 +297,7 @@ void designFeedback(FrmTavix& f) {
     label(in, f.lblAllTests, "lblAllTests", {90, 3990, 1290, 1575}).look = smallText;
     label(in, f.lblTestResults, "lblTestResults", {1395, 3990, 780, 1575}).look = smallText;
     label(in, f.lblSymptomology, "lblSymptomology", {2280, 3870, 2325, 225}, "Symptomology").look = smallBold;
-    label(in, f.lblEndSvD, "lblEndSvD", {2280, 4140, 2325, 1425}).look = {165, false, true};
+    label(in, f.lblEndSvD, "lblEndSvD", {2280, 4140, 2325, 1425}).look = tableText;
 }
 
 void designDevelopment(FrmTavix& f) {
@@ -297,7 +318,8 @@ void designFrmTavix() {
     FrmTavix& f = frmTavix;
     design::form(f.form, "frmTavix", "Tavix", 15495, 11280);
     designStatusLine(f);
-    Control& tabs = design::place({&f.form}, f.tabTavix, Kind::TabControl, "tabTavix", {120, 1080, 7575, 9255});
+    Control& tabs =
+        design::place({&f.form}, f.tabTavix, Kind::TabControl, "tabTavix", {120, 1080, 7575, 9255});
     tabs.visible = false;
     tabs.items = {"Patient", "Tests", "Treatments"};
     designPatientPage(f);
@@ -307,8 +329,9 @@ void designFrmTavix() {
     designNotes(f);
     designScore(f);
     designFeedback(f);
-    design::button({&f.form}, f.cmdNextPatient, "cmdNextPatient", {13440, 9840, 1695, 495}, "Next Patient").visible =
-        false;
+    design::button({&f.form}, f.cmdNextPatient, "cmdNextPatient", {13440, 9840, 1695, 495}, "Next Patient")
+        .visible = false;
+    f.cmdNextPatient.look.primary = true;
     designDevelopment(f);
     f.optionsRequested = false;
     design::finish(f.form);

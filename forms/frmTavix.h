@@ -15,7 +15,8 @@ struct FrmTavix {
     Control form;
 
     // Status line.
-    Control fraStatus, tagPatient, lblPatientName, tagScore, lblScore, tagClock, lblClock, tagHealth, lblHealth;
+    Control fraStatus, tagPatient, lblPatientName, tagScore, lblScore, tagClock, lblClock, tagHealth,
+        lblHealth;
     Control tmrClock, tmrHealth, tmrHealthMonitor;
 
     Control tabTavix;
@@ -48,16 +49,18 @@ struct FrmTavix {
     Control fraSymptoms, lstSymptoms, cmdRemove;
 
     // Score.
-    Control fraScore, tagPrevious, lblPrevious, tagRemain, lblEndHealth, lblHealthFactor, lblHealthScore, tagTestScore,
-        lblTestCount, lblTestFactor, lblFirstEqual, lblTestScore, tagBeliefDiff, lblDiffScore, tagPenaltyScore,
-        tagPenaltyCalc, lblEqual, lblPenaltyCalc, tagScoreChange, lblScoreChange, tagNewScore, lblNewScore, cmdViewNorm;
+    Control fraScore, tagPrevious, lblPrevious, tagRemain, lblEndHealth, lblHealthFactor, lblHealthScore,
+        tagTestScore, lblTestCount, lblTestFactor, lblFirstEqual, lblTestScore, tagBeliefDiff, lblDiffScore,
+        tagPenaltyScore, tagPenaltyCalc, lblEqual, lblPenaltyCalc, tagScoreChange, lblScoreChange,
+        tagNewScore, lblNewScore, cmdViewNorm;
 
     // Feedback.
-    Control fraFeedback, tagFinalDiagnosis, tagAnswer, tagDisease, lblFinalDiagnosis, lblAnswer, tagYourBelief,
-        lblDiagnosisBelief, lblDiseaseBelief, tagDiseaseProbability, lblDiagChance, lblDiseaseChance, tagNormalized,
-        lblDiagNormalized, lblDiseaseNormalized, tagTreatment, lblYourTreatment, lblBestTreatment, tagTreatmentHeal,
-        lblYourHeal, lblActualHeal, tagTreatmentHurt, lblYourHurt, lblActualHurt, tagPenalty, lblPenalty, tagDiff,
-        lblDiff, Line0, Line1, Line2, Line3, tagTestResults, lblAllTests, lblTestResults, lblSymptomology, lblEndSvD;
+    Control fraFeedback, tagFinalDiagnosis, tagAnswer, tagDisease, lblFinalDiagnosis, lblAnswer,
+        tagYourBelief, lblDiagnosisBelief, lblDiseaseBelief, tagDiseaseProbability, lblDiagChance,
+        lblDiseaseChance, tagNormalized, lblDiagNormalized, lblDiseaseNormalized, tagTreatment,
+        lblYourTreatment, lblBestTreatment, tagTreatmentHeal, lblYourHeal, lblActualHeal, tagTreatmentHurt,
+        lblYourHurt, lblActualHurt, tagPenalty, lblPenalty, tagDiff, lblDiff, Line0, Line1, Line2, Line3,
+        tagTestResults, lblAllTests, lblTestResults, lblSymptomology, lblEndSvD;
 
     Control cmdNextPatient;
 

@@ -104,6 +104,7 @@ void press(Control& control) {
     switch (control.kind) {
         case Kind::TickBox: setValue(control, isTicked(control) ? 0 : 1); break;
         case Kind::OptionButton: setValue(control, 1); break;
+        case Kind::ComboBox: break;  // only taking an item counts
         default: run(control.on.click);
     }
 }

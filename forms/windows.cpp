@@ -41,6 +41,17 @@ void makeActive(Control& control) {
     tellWatchers(control, Property::Focus);
 }
 
+/// A form comes up with the focus on its last active control, or on the first that can take it.
+void focusFirst(Control& form) {
+    if (form.active != nullptr && isUsable(*form.active)) return;
+    form.active = nullptr;
+    for (Control* control : allControls()) {
+        if (&rootOf(*control) != &form || !takesFocus(control->kind) || !isUsable(*control)) continue;
+        makeActive(*control);
+        return;
+    }
+}
+
 /// Whether `test` holds for the control and all its containers.
 template <class Test>
 bool holdsUpward(const Control& control, Test test) {
@@ -55,12 +66,14 @@ bool holdsUpward(const Control& control, Test test) {
 void show(Control& form) {
     form.modal = false;
     setVisible(form, true);
+    focusFirst(form);
 }
 
 void showModal(Control& form) {
     form.modal = true;
     modalForms().push_back(&form);
     setVisible(form, true);
+    focusFirst(form);
     host().waitWhile([&form] { return form.visible; });
     std::erase(modalForms(), &form);
     form.modal = false;
@@ -76,7 +89,8 @@ Control* topModal() { return modalForms().empty() ? nullptr : modalForms().back(
 void reset() { modalForms().clear(); }
 
 void setFocus(Control& control) {
-    if (!isUsable(control)) raiseFault(FaultNumber::InvalidCall, fullName(control) + " cannot take the focus");
+    if (!isUsable(control))
+        raiseFault(FaultNumber::InvalidCall, fullName(control) + " cannot take the focus");
     makeActive(control);
 }
 

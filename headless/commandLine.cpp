@@ -63,7 +63,8 @@ CommandLine parseCommand(std::string_view line) {
             break;
         }
         starts.push_back(reader.at);
-        const std::string word = line[reader.at] == '"' ? quotedWord(reader, result.unclosed) : plainWord(reader);
+        const std::string word =
+            line[reader.at] == '"' ? quotedWord(reader, result.unclosed) : plainWord(reader);
         if (starts.size() == 1) {
             result.command = word;
         } else {

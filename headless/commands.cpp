@@ -23,7 +23,7 @@ namespace commands {
 
 namespace {
 
-player::Person acting;
+ActingPerson acting;
 
 Control& controlNamed(const std::string& name) {
     Control* control = registry::find(name);
@@ -41,7 +41,8 @@ Control& reachable(const std::string& name) {
 int wholeNumber(const std::string& text) {
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size()) throw Refused{"\"" + text + "\" is no whole number"};
+    if (error != std::errc{} || end != text.data() + text.size())
+        throw Refused{"\"" + text + "\" is no whole number"};
     return number;
 }
 
@@ -158,7 +159,8 @@ void draw(const CommandLine& line) {
 
 std::vector<int> wholeNumbers(const CommandLine& line, std::size_t from) {
     std::vector<int> numbers;
-    for (std::size_t i = from; i < line.arguments.size(); ++i) numbers.push_back(wholeNumber(line.arguments[i]));
+    for (std::size_t i = from; i < line.arguments.size(); ++i)
+        numbers.push_back(wholeNumber(line.arguments[i]));
     return numbers;
 }
 
@@ -180,27 +182,35 @@ const std::map<std::string, Command>& table() {
         {"dblclick", {1, "CONTROL", [](Line l) { acting.doublePress(reachable(l.arguments[0])); }}},
         {"type", {2, "CONTROL TEXT", [](Line l) { acting.type(reachable(l.arguments[0]), l.lastOf(2)); }}},
         {"paste", {2, "CONTROL TEXT", [](Line l) { acting.paste(reachable(l.arguments[0]), l.lastOf(2)); }}},
-        {"key", {2, "CONTROL CODE", [](Line l) { acting.key(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
-        {"choose", {2, "CONTROL TEXT", [](Line l) { acting.choose(reachable(l.arguments[0]), l.lastOf(2)); }}},
+        {"key",
+         {2, "CONTROL CODE",
+          [](Line l) { acting.key(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+        {"choose",
+         {2, "CONTROL TEXT", [](Line l) { acting.choose(reachable(l.arguments[0]), l.lastOf(2)); }}},
         {"slide",
-         {2, "CONTROL VALUE", [](Line l) { acting.slide(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+         {2, "CONTROL VALUE",
+          [](Line l) { acting.slide(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
         {"tick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), true); }}},
         {"untick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), false); }}},
         {"mark",
          {3, "CONTROL START LENGTH",
           [](Line l) {
-              acting.mark(reachable(l.arguments[0]), wholeNumber(l.arguments[1]), wholeNumber(l.arguments[2]));
+              acting.mark(reachable(l.arguments[0]), wholeNumber(l.arguments[1]),
+                          wholeNumber(l.arguments[2]));
           }}},
-        {"pick", {1, "CONTROL LINE...", [](Line l) { acting.pick(reachable(l.arguments[0]), wholeNumbers(l, 1)); }}},
+        {"pick",
+         {1, "CONTROL LINE...", [](Line l) { acting.pick(reachable(l.arguments[0]), wholeNumbers(l, 1)); }}},
         {"tab",
-         {2, "CONTROL PAGE", [](Line l) { acting.turnTo(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+         {2, "CONTROL PAGE",
+          [](Line l) { acting.turnTo(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
         {"answer", {1, "BUTTON", [](Line l) { pressAnswer(l.arguments[0]); }}},
         {"close", {1, "FORM", [](Line l) { acting.close(controlNamed(l.arguments[0])); }}},
         {"wait",
          {1, "MS", [](Line l) { virtualTime::pass(milliseconds(l.arguments[0]), [] { return false; }); }}},
         {"run", {1, "MS until CONTROL.PROPERTY = TEXT", runUntil}},
         {"draw", {1, "R...", draw}},
-        {"get", {1, "CONTROL.PROPERTY", [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
+        {"get",
+         {1, "CONTROL.PROPERTY", [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
         {"state", {1, "FIELD", [](Line l) { print(properties::onOneLine(fieldOf(l.arguments[0]))); }}},
         {"box", {0, "", [](Line) { printBox(); }}},
         {"sql", {1, "STATEMENT", [](Line l) { std::cout << sqlText::rows(l.lastOf(1)); }}},
@@ -212,7 +222,7 @@ const std::map<std::string, Command>& table() {
 
 }  // namespace
 
-void setPerson(player::Person person) { acting = std::move(person); }
+void setPerson(ActingPerson person) { acting = std::move(person); }
 
 void execute(const std::string& text) {
     const CommandLine line = parseCommand(text);

@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "headless/player.h"
+#include "headless/actingPerson.h"
 
 namespace commands {
 
 /// Who acts.
-void setPerson(player::Person person);
+void setPerson(ActingPerson person);
 
-/// Carries out one line. A command that cannot be done throws Refused with the reason.
-void execute(const std::string& line);
+/// Carries out one line of a script. A command that cannot be done throws Refused with the reason.
+void execute(const std::string& text);
 
 }  // namespace commands

@@ -36,7 +36,7 @@ Answer showBox(const MessageBox& box) {
 
 }  // namespace
 
-Person onRecords() {
+ActingPerson onRecords() {
     return {
         .press = person::press,
         .doublePress = person::doublePress,
@@ -55,7 +55,7 @@ Person onRecords() {
     };
 }
 
-bool begin(std::istream& script, Person person, const Options& options) {
+bool begin(std::istream& script, ActingPerson person, const Options& options) {
     source = &script;
     lineNumber = 0;
     programFolder = options.folder;

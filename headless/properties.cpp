@@ -20,7 +20,8 @@ std::string valueText(const Control& control) {
 }
 
 std::string textOf(const Control& control) {
-    return control.kind == Kind::Picture ? std::filesystem::path(control.text).filename().string() : control.text;
+    return control.kind == Kind::Picture ? std::filesystem::path(control.text).filename().string()
+                                         : control.text;
 }
 
 std::string selectedLines(const Control& list) {

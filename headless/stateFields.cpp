@@ -56,41 +56,61 @@ namespace {
 
 Json flowFields() {
     const TrialState& r = trialState;
-    return {FIELD(subjectName),      FIELD(settingName),      FIELD(settingIndex),   FIELD(testLengthSetting),
-            FIELD(trialNumber),      FIELD(score),            FIELD(trialKey),       FIELD(diagnosisStateId),
-            FIELD(patientSaved),     FIELD(actualTimeText),   FIELD(simTimeText),    FIELD(eventCount),
-            FIELD(noteSymptomCount), FIELD(evidenceCount),    FIELD(removeCount),    FIELD(testCount),
-            FIELD(diagnosisCount),   FIELD(treatmentCount),   FIELD(elapsedHours),   FIELD(elapsedMinutes),
-            FIELD(clockHour),        FIELD(clockMinute),      FIELD(endHour),        FIELD(endMinute),
-            FIELD(endPasses),        FIELD(trialHours),       FIELD(trialMinutes),   FIELD(trialStartTick),
-            FIELD(health),           FIELD(healthTrend),      FIELD(healPending),    FIELD(hurtPending),
-            FIELD(monitorSegments),  FIELD(monitorIndex),     FIELD(monitorX),       FIELD(monitorDepth),
-            FIELD(harmed),           FIELD(lastTreatmentIndex), FIELD(guessRow),     FIELD(guessDiseaseIndex),
+    return {FIELD(subjectName),      FIELD(settingName),
+            FIELD(settingIndex),     FIELD(testLengthSetting),
+            FIELD(trialNumber),      FIELD(score),
+            FIELD(trialKey),         FIELD(diagnosisStateId),
+            FIELD(patientSaved),     FIELD(actualTimeText),
+            FIELD(simTimeText),      FIELD(eventCount),
+            FIELD(noteSymptomCount), FIELD(evidenceCount),
+            FIELD(removeCount),      FIELD(testCount),
+            FIELD(diagnosisCount),   FIELD(treatmentCount),
+            FIELD(elapsedHours),     FIELD(elapsedMinutes),
+            FIELD(clockHour),        FIELD(clockMinute),
+            FIELD(endHour),          FIELD(endMinute),
+            FIELD(endPasses),        FIELD(trialHours),
+            FIELD(trialMinutes),     FIELD(trialStartTick),
+            FIELD(health),           FIELD(healthTrend),
+            FIELD(healPending),      FIELD(hurtPending),
+            FIELD(monitorSegments),  FIELD(monitorIndex),
+            FIELD(monitorX),         FIELD(monitorDepth),
+            FIELD(harmed),           FIELD(lastTreatmentIndex),
+            FIELD(guessRow),         FIELD(guessDiseaseIndex),
             FIELD(guessBelief),      FIELD(penalty)};
 }
 
 Json caseFields() {
     const TrialState& r = trialState;
-    return {FIELD(diseaseTerms),       FIELD(diseaseCount),    FIELD(symptomTerms),      FIELD(symptomTermCount),
-            FIELD(baseRates),          FIELD(baseRateRows),    FIELD(diseaseSymptom),    FIELD(symptomCount),
-            FIELD(tableDiseaseCount),  FIELD(likelihoodTable), FIELD(likelihoodRows),    FIELD(patients),
-            FIELD(patientCount),       FIELD(patientsSeen),    FIELD(currentPatient),    FIELD(diseaseIndex),
-            FIELD(symptomFindings),    FIELD(findingsMask),    FIELD(extraFindingCount), FIELD(symptomNotes),
-            FIELD(symptomNoteCount),   FIELD(tests),           FIELD(testTypeCount),     FIELD(treatments),
+    return {FIELD(diseaseTerms),       FIELD(diseaseCount),
+            FIELD(symptomTerms),       FIELD(symptomTermCount),
+            FIELD(baseRates),          FIELD(baseRateRows),
+            FIELD(diseaseSymptom),     FIELD(symptomCount),
+            FIELD(tableDiseaseCount),  FIELD(likelihoodTable),
+            FIELD(likelihoodRows),     FIELD(patients),
+            FIELD(patientCount),       FIELD(patientsSeen),
+            FIELD(currentPatient),     FIELD(diseaseIndex),
+            FIELD(symptomFindings),    FIELD(findingsMask),
+            FIELD(extraFindingCount),  FIELD(symptomNotes),
+            FIELD(symptomNoteCount),   FIELD(tests),
+            FIELD(testTypeCount),      FIELD(treatments),
             FIELD(treatmentTypeCount), FIELD(treatmentMaxDisease)};
 }
 
 Json evaluationFields() {
     const TrialEvaluation& r = trialEvaluation;
-    return {FIELD(beliefText),      FIELD(normalizedBeliefText), FIELD(diseaseChanceText), FIELD(guessChanceText),
-            FIELD(diffText),        FIELD(diffScoreText),        FIELD(penaltyText),       FIELD(penaltyCalcText),
-            FIELD(previousScoreText), FIELD(endHealthText),      FIELD(healthScoreText),   FIELD(healthShown),
-            FIELD(testCountText),   FIELD(testScoreText),        FIELD(scoreChangeText),   FIELD(newScoreText)};
+    return {FIELD(beliefText),        FIELD(normalizedBeliefText),
+            FIELD(diseaseChanceText), FIELD(guessChanceText),
+            FIELD(diffText),          FIELD(diffScoreText),
+            FIELD(penaltyText),       FIELD(penaltyCalcText),
+            FIELD(previousScoreText), FIELD(endHealthText),
+            FIELD(healthScoreText),   FIELD(healthShown),
+            FIELD(testCountText),     FIELD(testScoreText),
+            FIELD(scoreChangeText),   FIELD(newScoreText)};
 }
 
 Json dialogFields() {
     const FrmDiagnosis& r = frmDiagnosis;
-    return {FIELD(DiagnosisCount), FIELD(FirstTime), FIELD(isLoading), FIELD(isLoaded),
+    return {FIELD(DiagnosisCount), FIELD(FirstTime),  FIELD(isLoading),   FIELD(isLoaded),
             FIELD(savedCount),     FIELD(savedNames), FIELD(savedBeliefs)};
 }
 

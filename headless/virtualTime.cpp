@@ -75,9 +75,10 @@ bool begin(const std::string& text) {
     int minute = 0;
     int second = 0;
     char rest = 0;
-    const int read = std::sscanf(text.c_str(), "%4d-%2u-%2u %2d:%2d:%2d%c", &year, &month, &day, &hour, &minute,
-                                 &second, &rest);
-    const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
+    const int read = std::sscanf(text.c_str(), "%4d-%2u-%2u %2d:%2d:%2d%c", &year, &month, &day, &hour,
+                                 &minute, &second, &rest);
+    const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
+                                           std::chrono::day(day)};
     if (read != 6 || !date.ok() || hour > 23 || minute > 59 || second > 59) return false;
     start = std::chrono::sys_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
             std::chrono::seconds(second);

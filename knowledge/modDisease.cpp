@@ -24,13 +24,15 @@ const ProbabilityRow& currentBaseRates() { return trialState.baseRates[trialStat
 
 List<Int16> readPercents(RecordSet& row, Int16 count, const std::string& suffix) {
     List<Int16> percents;
-    for (Int16 j = 1; j <= count; ++j) percents.add(row.Fields("D" + numberText::whole(j) + suffix).short16());
+    for (Int16 j = 1; j <= count; ++j)
+        percents.add(row.Fields("D" + numberText::whole(j) + suffix).short16());
     return percents;
 }
 
 void loadBaseRates() {
-    RecordSet rows = openTable(std::string("SELECT * FROM [tblBaseRates] ") + "ORDER BY [tblBaseRates.Setting]", true,
-                               "Opening base rates");
+    RecordSet rows =
+        openTable(std::string("SELECT * FROM [tblBaseRates] ") + "ORDER BY [tblBaseRates.Setting]", true,
+                  "Opening base rates");
     if (!rows.isEOF()) {
         trialState.baseRateRows = rows.recordCount();
         trialState.baseRates.renew(trialState.baseRateRows);
@@ -47,8 +49,8 @@ void loadBaseRates() {
 
 void loadDiseaseSymptom() {
     TrialState& s = trialState;
-    RecordSet rows = openTable(std::string("SELECT * FROM [tblDiseaseSymptom] ") + "WHERE [tblDiseaseSymptom.Setting]='" +
-                                   s.settingName + "'",
+    RecordSet rows = openTable(std::string("SELECT * FROM [tblDiseaseSymptom] ") +
+                                   "WHERE [tblDiseaseSymptom.Setting]='" + s.settingName + "'",
                                true, "Retrieving Disease vs Symptom Table");
     if (!rows.isEOF()) {
         s.symptomCount = rows.recordCount();

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "store/recordSet.h"
 #include "state/records.h"
+#include "store/recordSet.h"
 
 namespace modDisease {
 

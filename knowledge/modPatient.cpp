@@ -53,9 +53,10 @@ void readRoster() {
 /// A returning subject goes on with the last trial number and the last score.
 void resumeSubject() {
     TrialState& s = trialState;
-    RecordSet trials = openTable(std::string("SELECT Subject, Trial, Score FROM dataTrial ") +
-                                     "WHERE [dataTrial.Subject]='" + s.subjectName + "' " + "ORDER BY Trial DESC",
-                                 true, "Load Trial and Score");
+    RecordSet trials =
+        openTable(std::string("SELECT Subject, Trial, Score FROM dataTrial ") +
+                      "WHERE [dataTrial.Subject]='" + s.subjectName + "' " + "ORDER BY Trial DESC",
+                  true, "Load Trial and Score");
     if (trials.isEOF()) {
         s.trialNumber = 0;
         s.score = 0;

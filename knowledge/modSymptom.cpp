@@ -21,7 +21,9 @@ constexpr int storedFlag = 6;    // any number but 0 marks
 constexpr int backspaceKey = 8;
 constexpr int enterKey = 13;
 
-std::string numbered(int position, const std::string& note) { return numberText::padded(position, 2) + ") " + note; }
+std::string numbered(int position, const std::string& note) {
+    return numberText::padded(position, 2) + ") " + note;
+}
 
 std::string noteOf(int line) {
     return text::mid(frmTavix.lstSymptoms.items.at(static_cast<std::size_t>(line)), prefixLength);

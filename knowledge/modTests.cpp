@@ -42,8 +42,9 @@ Int16 selectedTest() {
 
 void recordIssuedTest(const std::string& eventId, Int16 index) {
     ++trialState.testCount;
-    RecordSet tests = openTable("dataGetTests", false,
-                                "Recording issued test #" + whole(trialState.testCount) + " at position " + whole(index));
+    RecordSet tests =
+        openTable("dataGetTests", false,
+                  "Recording issued test #" + whole(trialState.testCount) + " at position " + whole(index));
     tests.AddNew();
     tests.Fields("EventID") = eventId;
     tests.Fields("Number") = trialState.testCount;
@@ -156,8 +157,8 @@ std::string issueTest(Int16 index) {
         }
         test.etaMinute -= minutesInHour;
     }
-    const std::string eventId = modAppRecord::recordEvent("Testing", s.testCount + 1, "TestPosition" + whole(index + 1),
-                                                          test.result == "Present");
+    const std::string eventId = modAppRecord::recordEvent(
+        "Testing", s.testCount + 1, "TestPosition" + whole(index + 1), test.result == "Present");
     recordIssuedTest(eventId, index);
     return numberText::clockText(test.etaHour, test.etaMinute);
 }
@@ -166,7 +167,8 @@ void checkTests() {
     for (Int16 i = 0; i < trialState.testTypeCount; ++i) {
         Test& test = trialState.tests[i];
         if (test.issued && !test.completed) moveChart(frmTavix.chartETA[i]);
-        if (test.pastTwelve && trialState.clockHour == 1 && trialState.clockMinute == 0) test.pastTwelve = false;
+        if (test.pastTwelve && trialState.clockHour == 1 && trialState.clockMinute == 0)
+            test.pastTwelve = false;
         if (isDue(test)) deliver(i);
     }
 }

@@ -99,8 +99,8 @@ void recordTreatment(const std::string& eventId, Int16 healPercent, Int16 hurtPe
 
 void loadTreatments() {
     TrialState& s = trialState;
-    RecordSet rows = openTable(std::string("SELECT * FROM [tblTreatments] ") + "WHERE [tblTreatments.Setting]='" +
-                                   s.settingName + "'",
+    RecordSet rows = openTable(std::string("SELECT * FROM [tblTreatments] ") +
+                                   "WHERE [tblTreatments.Setting]='" + s.settingName + "'",
                                true, "Loading treatments");
     s.treatmentMaxDisease = s.tableDiseaseCount - 1;
     if (!rows.isEOF()) {

@@ -19,10 +19,12 @@ constexpr int mostDiseases = 4;
 
 /// Words of one type in the order of the table, at most `limit` of them; an empty list if there are none.
 List<std::string> readTerms(const std::string& type, const std::string& status, Int16 limit) {
-    RecordSet rows = openTable(std::string("SELECT * FROM [tblVocabulary] ") + "WHERE [tblVocabulary.Type]='" + type + "'",
-                               true, status);
+    RecordSet rows =
+        openTable(std::string("SELECT * FROM [tblVocabulary] ") + "WHERE [tblVocabulary.Type]='" + type + "'",
+                  true, status);
     List<std::string> terms;
-    for (; !rows.isEOF() && terms.size() < Int32(limit); rows.MoveNext()) terms.add(rows.Fields("Term").text());
+    for (; !rows.isEOF() && terms.size() < Int32(limit); rows.MoveNext())
+        terms.add(rows.Fields("Term").text());
     rows.Close();
     closeDatabase();
     return terms;
@@ -62,10 +64,11 @@ std::string joined(const List<Term>& terms, Int16 count) {
 void loadVocabulary() {
     TrialState& s = trialState;
     const Int16 limit = std::min<Int16>(modDisease::currentBaseRates().count, mostDiseases);
-    const List<std::string> diseases = readTerms("Disease", "Retrieving diseases from vocabulary table", limit);
+    const List<std::string> diseases =
+        readTerms("Disease", "Retrieving diseases from vocabulary table", limit);
     if (!diseases.empty()) putWords(diseases, s.diseaseTerms, s.diseaseCount);
-    const List<std::string> symptoms =
-        readTerms("Symptom", "Retrieving symptoms from vocabulary table", std::numeric_limits<std::int16_t>::max());
+    const List<std::string> symptoms = readTerms("Symptom", "Retrieving symptoms from vocabulary table",
+                                                 std::numeric_limits<std::int16_t>::max());
     if (!symptoms.empty()) putWords(symptoms, s.symptomTerms, s.symptomTermCount);
     deal(s.symptomTerms, s.symptomTermCount);
     deal(s.diseaseTerms, s.diseaseCount);
@@ -113,7 +116,8 @@ void restoreTermOrders() {
 List<std::string> parseTermList(const std::string& listText) {
     List<std::string> terms;
     std::size_t from = 0;
-    for (std::size_t comma = listText.find(','); comma != std::string::npos; comma = listText.find(',', from)) {
+    for (std::size_t comma = listText.find(','); comma != std::string::npos;
+         comma = listText.find(',', from)) {
         terms.add(text::trim(listText.substr(from, comma - from)));
         from = comma + 1;
     }

@@ -50,7 +50,8 @@ private:
 
     template <std::integral I>
     static constexpr T fit(I value) {
-        bool fits = static_cast<std::uint64_t>(value) <= static_cast<std::uint64_t>(std::numeric_limits<T>::max());
+        bool fits =
+            static_cast<std::uint64_t>(value) <= static_cast<std::uint64_t>(std::numeric_limits<T>::max());
         if constexpr (std::is_signed_v<I>) {
             if (value < 0) fits = static_cast<std::int64_t>(value) >= std::numeric_limits<T>::min();
         }

@@ -25,7 +25,8 @@ std::string_view standardText(FaultNumber number) {
 
 void raiseFault(FaultNumber number, std::string_view detail) {
     const std::string_view text = standardText(number);
-    throw Fault{static_cast<int>(number), detail.empty() ? std::string(text) : fmt::format("{}: {}", text, detail)};
+    throw Fault{static_cast<int>(number),
+                detail.empty() ? std::string(text) : fmt::format("{}: {}", text, detail)};
 }
 
 std::string faultReport(const Fault& fault) {

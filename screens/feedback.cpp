@@ -81,7 +81,8 @@ void showFindings() {
     const bool results = static_cast<bool>(Options.FeedbackTestsResults);
     if (results) {
         std::string findings;
-        for (Int16 i = 0; i < trialState.testTypeCount; ++i) findings += trialState.symptomFindings[i].result + "\r\n";
+        for (Int16 i = 0; i < trialState.testTypeCount; ++i)
+            findings += trialState.symptomFindings[i].result + "\r\n";
         setCaption(f.lblAllTests, "\r\n" + modTests::allTestNames());
         setCaption(f.lblTestResults, "\r\n" + findings);
     }

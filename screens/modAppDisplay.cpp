@@ -36,14 +36,16 @@ void clearTestSlots() {
         setCaption(f.lblETA[i], {});
     }
     for (Int16 i = trialState.testTypeCount; i < Elements<6>::count(); ++i) {
-        for (Control* part : {&f.optTest[i], &f.lblTestTime[i], &f.chartETA[i], &f.lblETA[i], &f.lblTestResult[i]}) {
+        for (Control* part :
+             {&f.optTest[i], &f.lblTestTime[i], &f.chartETA[i], &f.lblETA[i], &f.lblTestResult[i]}) {
             setVisible(*part, false);
         }
     }
 }
 
 void enableActions() {
-    for (Control* button : {&f.cmdDiagnosis, &f.cmdEvidence, &f.cmdIssue, &f.cmdNoteSymptom, &f.cboTreatment}) {
+    for (Control* button :
+         {&f.cmdDiagnosis, &f.cmdEvidence, &f.cmdIssue, &f.cmdNoteSymptom, &f.cboTreatment}) {
         setEnabled(*button, true);
     }
     setText(f.cboTreatment, {});
@@ -90,7 +92,8 @@ void showFactors() {
 }  // namespace
 
 void wire() {
-    runHooks() = {optionsDialog::load, prepareForSignIn, showTrialFrames, setupPatientDisplay, feedback::show};
+    runHooks() = {optionsDialog::load, prepareForSignIn, showTrialFrames, setupPatientDisplay,
+                  feedback::show};
 }
 
 void setupPatientDisplay() {

@@ -39,7 +39,8 @@ struct OptionsRecord {
     OptionText TestBuffer, BeliefBuffer;
     OptionText TestCost, MaxBeliefCost, HealAward;
     OptionFlag CyclePatients, ShowOptions;
-    OptionFlag DiagnoseAfterTests, TimeStopDiagnosis, DiagnoseAllDiseases, YokeBeliefMeters, Normalize, InitToBaseRates;
+    OptionFlag DiagnoseAfterTests, TimeStopDiagnosis, DiagnoseAllDiseases, YokeBeliefMeters, Normalize,
+        InitToBaseRates;
     OptionFlag ViewBaseRates, ViewSymptomDisease, ViewTreatmentDisease;
     OptionFlag DoTreatments, OneTreatment, Risk;
     OptionFlag FeedbackSymptomsP, FeedbackTestsResults, FeedbackDiseaseP;

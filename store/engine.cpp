@@ -46,7 +46,8 @@ int mappedNumber(int code, bool writing) {
 }
 
 [[noreturn]] void fail(Connection& database, bool writing = false, const std::string& detail = {}) {
-    if (database.handle == nullptr) throw Error{handleNotSet, "Object variable or With block variable not set"};
+    if (database.handle == nullptr)
+        throw Error{handleNotSet, "Object variable or With block variable not set"};
     const int code = sqlite3_extended_errcode(database.handle);
     std::string text = sqlite3_errmsg(database.handle);
     if (!detail.empty()) text += ": " + detail;
@@ -61,7 +62,8 @@ using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 Statement prepare(Connection& database, const std::string& sql) {
     sqlite3_stmt* raw = nullptr;
     const int size = static_cast<int>(sql.size());
-    if (database.handle == nullptr || sqlite3_prepare_v2(database.handle, sql.data(), size, &raw, nullptr) != SQLITE_OK)
+    if (database.handle == nullptr ||
+        sqlite3_prepare_v2(database.handle, sql.data(), size, &raw, nullptr) != SQLITE_OK)
         fail(database);
     return Statement(raw);
 }
@@ -93,7 +95,9 @@ Value columnValue(sqlite3_stmt* statement, int column) {
 
 std::vector<std::string> columnNames(sqlite3_stmt* statement) {
     std::vector<std::string> names;
-    for (int i = 0; i < sqlite3_column_count(statement); ++i) names.emplace_back(sqlite3_column_name(statement, i));
+    names.reserve(static_cast<std::size_t>(sqlite3_column_count(statement)));
+    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+        names.emplace_back(sqlite3_column_name(statement, i));
     return names;
 }
 
@@ -124,7 +128,8 @@ void setKey(Connection& database, const std::string& path, const std::string& pa
 
 Database openHandle(const std::string& path, int flags) {
     Database database(new Connection);
-    if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK) fail(*database, false, path);
+    if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK)
+        fail(*database, false, path);
     sqlite3_busy_handler(database->handle, waitForLock, database.get());
     return database;
 }
@@ -175,7 +180,8 @@ Rows query(Connection& database, const std::string& sql, std::span<const Value> 
     Rows result{columnNames(statement.get()), {}};
     while (step(database, statement.get())) {
         std::vector<Value>& row = result.rows.emplace_back();
-        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i) row.push_back(columnValue(statement.get(), i));
+        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i)
+            row.push_back(columnValue(statement.get(), i));
     }
     return result;
 }

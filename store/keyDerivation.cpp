@@ -38,8 +38,8 @@ std::string rawKey(const std::string& password, const Salt& salt) {
     std::string& key = known[{password, salt}];
     if (key.empty()) {
         std::array<std::uint8_t, keySize> derived{};
-        PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt.data(), saltSize, iterations,
-                          EVP_sha1(), keySize, derived.data());
+        PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt.data(), saltSize,
+                          iterations, EVP_sha1(), keySize, derived.data());
         key = "x'" + hex(derived) + hex(salt) + "'";
     }
     return key;

@@ -19,8 +19,8 @@ constexpr int lockAttempts = 10;
 
 /// Asks the person; the answer No ends the program on the spot.
 void finalDialog(const engine::Error& error, const std::string& status) {
-    const std::string text =
-        "Error " + std::to_string(error.number) + ": " + error.text + "\r\nStatus was " + status + "\r\nRetry?";
+    const std::string text = "Error " + std::to_string(error.number) + ": " + error.text + "\r\nStatus was " +
+                             status + "\r\nRetry?";
     if (!ask(text, "Problems opening table")) endProgram();
 }
 
@@ -73,7 +73,9 @@ RecordSet openTable(const std::string& source, bool readOnly, const std::string&
     db.reset();
     while (true) {
         try {
-            if (!db) db = engine::open(store::path(), store::password, readOnly ? engine::Access::Read : engine::Access::Write);
+            if (!db)
+                db = engine::open(store::path(), store::password,
+                                  readOnly ? engine::Access::Read : engine::Access::Write);
             return RecordSet::open(*db, source, readOnly);
         } catch (const engine::Error& error) {
             recover(error, lockCount, status);

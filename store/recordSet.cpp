@@ -30,7 +30,8 @@ double Field::number() const {
     if (const auto* whole = std::get_if<std::int64_t>(&value())) return static_cast<double>(*whole);
     if (const auto* real = std::get_if<double>(&value())) return *real;
     const std::string digits = text();
-    if (!numberText::isNumeric(digits)) raiseFault(FaultNumber::TypeMismatch, name() + " holds \"" + digits + "\"");
+    if (!numberText::isNumeric(digits))
+        raiseFault(FaultNumber::TypeMismatch, name() + " holds \"" + digits + "\"");
     return numberText::toNumber(digits);
 }
 
@@ -39,7 +40,8 @@ Int32 Field::long32() const { return round32(number()); }
 bool Field::isTrue() const { return !isNull() && number() != 0.0; }
 
 const Field& Field::put(engine::Value value) const {
-    if (set->mode == RecordSet::Mode::Browsing) raiseFault(FaultNumber::NoCurrentRecord, name() + " without AddNew or Edit");
+    if (set->mode == RecordSet::Mode::Browsing)
+        raiseFault(FaultNumber::NoCurrentRecord, name() + " without AddNew or Edit");
     set->buffer[column] = std::move(value);
     set->touched[column] = true;
     return *this;
@@ -96,8 +98,9 @@ Int16 RecordSet::recordCount() {
 
 Field RecordSet::Fields(std::string_view name) {
     const std::string wanted = text::lowerCase(name);
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const std::string& column) { return text::lowerCase(column) == wanted; });
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& column) {
+        return text::lowerCase(column) == wanted;
+    });
     if (found == columns.end()) raiseFault(FaultNumber::ItemNotFound, table + "." + std::string(name));
     return {this, static_cast<std::size_t>(found - columns.begin())};
 }
@@ -161,7 +164,8 @@ void RecordSet::updateRow() {
     }
     if (!values.empty()) {
         values.push_back(rows[current][0]);
-        engine::execute(*database, "UPDATE " + dialect::quoted(table) + " SET " + changes + " WHERE rowid = ?", values);
+        engine::execute(*database,
+                        "UPDATE " + dialect::quoted(table) + " SET " + changes + " WHERE rowid = ?", values);
     }
     std::copy(buffer.begin(), buffer.end(), rows[current].begin() + 1);
 }

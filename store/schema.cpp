@@ -12,42 +12,43 @@ namespace {
 using enum ColumnType;
 
 Table optionsTable() {
-    return {"tblAppDefault",
-            Kind::Configuration,
-            {
-                {"Setting", Text, "name of the scenario; sort key of the sign-in list"},
-                {"TestLengthSetting", Text, "value of tblTests.SETTING for this scenario"},
-                {"Time", Short, "real minutes per patient", 1, 30},
-                {"SimRate", Short, "simulated hours per real minute", 1, 20},
-                {"StartHour", NumberOrText, "hour at which each patient begins", 0, 12},
-                {"StartMin", NumberOrText, "minute at which each patient begins", 0, 59},
-                {"InitScore", NumberOrText, "score of a new subject"},
-                {"TestBuffer", NumberOrText, "shown in the options dialog, without effect"},
-                {"BeliefBuffer", NumberOrText, "shown in the options dialog, without effect"},
-                {"TestCost", NumberOrText, "score charged per test"},
-                {"MaxBeliefCost", NumberOrText, "greatest penalty for a wrong belief"},
-                {"HealAward", NumberOrText, "score per health point left on a saved patient"},
-                {"CyclePatients", YesNo, "begin the roster again when it is used up"},
-                {"ShowOptions", YesNo, "open the options dialog before each patient"},
-                {"DiagnoseAfterTests", YesNo, "a test result forces the diagnosis"},
-                {"TimeStopDiagnosis", YesNo, "time stands still while the diagnosis is open"},
-                {"DiagnoseAllDiseases", YesNo, "all diseases are judged at once"},
-                {"YokeBeliefMeters", YesNo, "belief meters push each other"},
-                {"Normalize", YesNo, "beliefs are rescaled at each diagnosis"},
-                {"InitToBaseRates", YesNo, "belief meters start at the base rates"},
-                {"ViewBaseRates", YesNo, "show the base rates to the subject"},
-                {"ViewSymptomDisease", YesNo, "show the symptom-disease table"},
-                {"ViewTreatmentDisease", YesNo, "show the treatment table"},
-                {"DoTreatments", YesNo, "the task has a treatment stage"},
-                {"FeedbackSymptomsP", YesNo, "feedback shows the symptom probabilities"},
-                {"FeedbackTestsResults", YesNo, "feedback shows all test results"},
-                {"FeedbackDiseaseP", YesNo, "feedback shows the disease probabilities, and the score uses them"},
-                {"UseNormalizeScore", YesNo, "the penalty uses the normalised belief"},
-                {"ShowNormalize", YesNo, "feedback offers the normalised beliefs"},
-                {"BestTreatment", YesNo, "feedback shows the best treatment"},
-                {"TreatmentProperty", Short, "1 one treatment, 0 neither, -1 treatments can harm", -1, 1},
-            },
-            {}};
+    return {
+        "tblAppDefault",
+        Kind::Configuration,
+        {
+            {"Setting", Text, "name of the scenario; sort key of the sign-in list"},
+            {"TestLengthSetting", Text, "value of tblTests.SETTING for this scenario"},
+            {"Time", Short, "real minutes per patient", 1, 30},
+            {"SimRate", Short, "simulated hours per real minute", 1, 20},
+            {"StartHour", NumberOrText, "hour at which each patient begins", 0, 12},
+            {"StartMin", NumberOrText, "minute at which each patient begins", 0, 59},
+            {"InitScore", NumberOrText, "score of a new subject"},
+            {"TestBuffer", NumberOrText, "shown in the options dialog, without effect"},
+            {"BeliefBuffer", NumberOrText, "shown in the options dialog, without effect"},
+            {"TestCost", NumberOrText, "score charged per test"},
+            {"MaxBeliefCost", NumberOrText, "greatest penalty for a wrong belief"},
+            {"HealAward", NumberOrText, "score per health point left on a saved patient"},
+            {"CyclePatients", YesNo, "begin the roster again when it is used up"},
+            {"ShowOptions", YesNo, "open the options dialog before each patient"},
+            {"DiagnoseAfterTests", YesNo, "a test result forces the diagnosis"},
+            {"TimeStopDiagnosis", YesNo, "time stands still while the diagnosis is open"},
+            {"DiagnoseAllDiseases", YesNo, "all diseases are judged at once"},
+            {"YokeBeliefMeters", YesNo, "belief meters push each other"},
+            {"Normalize", YesNo, "beliefs are rescaled at each diagnosis"},
+            {"InitToBaseRates", YesNo, "belief meters start at the base rates"},
+            {"ViewBaseRates", YesNo, "show the base rates to the subject"},
+            {"ViewSymptomDisease", YesNo, "show the symptom-disease table"},
+            {"ViewTreatmentDisease", YesNo, "show the treatment table"},
+            {"DoTreatments", YesNo, "the task has a treatment stage"},
+            {"FeedbackSymptomsP", YesNo, "feedback shows the symptom probabilities"},
+            {"FeedbackTestsResults", YesNo, "feedback shows all test results"},
+            {"FeedbackDiseaseP", YesNo, "feedback shows the disease probabilities, and the score uses them"},
+            {"UseNormalizeScore", YesNo, "the penalty uses the normalised belief"},
+            {"ShowNormalize", YesNo, "feedback offers the normalised beliefs"},
+            {"BestTreatment", YesNo, "feedback shows the best treatment"},
+            {"TreatmentProperty", Short, "1 one treatment, 0 neither, -1 treatments can harm", -1, 1},
+        },
+        {}};
 }
 
 Table trialTable() {
@@ -121,7 +122,10 @@ std::vector<Table> configurationTables() {
           {"InitVisible", YesNo, "the symptom's row is visible at the start"},
           {"Count", Short, "disease columns in use", 1, 4}},
          {{"D", "", "chance of the symptom with the disease, in percent", 4, false}}},
-        {"tblVocabulary", Kind::Configuration, {{"Type", Text, "Disease or Symptom"}, {"Term", Text, "the word"}}, {}},
+        {"tblVocabulary",
+         Kind::Configuration,
+         {{"Type", Text, "Disease or Symptom"}, {"Term", Text, "the word"}},
+         {}},
         {"tblPatients",
          Kind::Configuration,
          {{"Name", Text, "name of the person"},
@@ -232,7 +236,8 @@ std::vector<NamedColumn> columnsOf(const Table& table, int count) {
     for (const Series& series : table.series) {
         const int last = series.fixed ? series.fewest : std::max(count, series.fewest);
         for (int i = 1; i <= last; ++i) {
-            columns.push_back({std::string(series.prefix) + std::to_string(i) + std::string(series.suffix), Short});
+            columns.push_back(
+                {std::string(series.prefix) + std::to_string(i) + std::string(series.suffix), Short});
         }
     }
     return columns;
@@ -240,7 +245,9 @@ std::vector<NamedColumn> columnsOf(const Table& table, int count) {
 
 int seriesNumber(const Table& table, std::string_view name) {
     for (const Series& series : table.series) {
-        if (!text::lowerCase(name).starts_with(text::lowerCase(series.prefix)) || !name.ends_with(series.suffix)) continue;
+        if (!text::lowerCase(name).starts_with(text::lowerCase(series.prefix)) ||
+            !name.ends_with(series.suffix))
+            continue;
         const std::string_view digits =
             name.substr(series.prefix.size(), name.size() - series.prefix.size() - series.suffix.size());
         int number = 0;

@@ -48,7 +48,8 @@ std::string wholeNumberProblem(double value, double least, double most, int bits
 
 template <class T>
 std::string rangeProblem(double value) {
-    return wholeNumberProblem(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(), sizeof(T) * 8);
+    return wholeNumberProblem(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(),
+                              sizeof(T) * 8);
 }
 
 bool isDate(const std::string& text) {
@@ -97,9 +98,7 @@ std::string convert(const std::string& text, schema::ColumnType type, engine::Va
         case Float:
         case NumberFlag: return numberProblem(text, type, value);
         case YesNo: return truthProblem(text, value);
-        case Date:
-            value = text;
-            return isDate(text) ? "" : "is no date (yyyy-mm-dd)";
+        case Date: value = text; return isDate(text) ? "" : "is no date (yyyy-mm-dd)";
         case NumberOrText:
         case Text: break;
     }
@@ -132,7 +131,8 @@ void readHeader(Import& import, const schema::Table& table, const std::string& f
         }
         content.columns.push_back(column);
         const bool ofDiseases = !table.series.empty() && !table.series.front().fixed;
-        if (ofDiseases) import.mostDiseases = std::max(import.mostDiseases, schema::seriesNumber(table, name));
+        if (ofDiseases)
+            import.mostDiseases = std::max(import.mostDiseases, schema::seriesNumber(table, name));
     }
 }
 
@@ -147,8 +147,9 @@ void readRow(Import& import, const std::string& file, const csv::Line& line, Con
     for (std::size_t i = 0; i < line.fields.size(); ++i) {
         const std::string problem = convert(line.fields[i], content.columns[i].type, row.emplace_back());
         if (problem.empty()) continue;
-        import.complain(file, line.number,
-                        fmt::format("column {}: \"{}\" {}", content.columns[i].name, line.fields[i], problem));
+        import.complain(
+            file, line.number,
+            fmt::format("column {}: \"{}\" {}", content.columns[i].name, line.fields[i], problem));
     }
 }
 
@@ -234,7 +235,8 @@ std::vector<std::string> create(const std::string& folder, const std::string& fi
     if (fs::exists(file, failed) && !force) return {file + " exists already; --force replaces it"};
     const Import import = readFolder(folder);
     if (!import.problems.empty()) return import.problems;
-    // Written beside the target and moved over it when complete, so that a broken attempt leaves no half file.
+    // Written beside the target and moved over it when complete, so that a broken attempt leaves no half
+    // file.
     const std::string draft = file + ".new";
     fs::remove(draft, failed);
     try {

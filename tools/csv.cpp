@@ -26,7 +26,8 @@ struct Parser {
                 ++at;
             } else if (bytes[at] == '"') {
                 ++at;
-                if (!atLineEnd() && bytes[at] != ',') throw Problem{line, "text behind a closing double quote"};
+                if (!atLineEnd() && bytes[at] != ',')
+                    throw Problem{line, "text behind a closing double quote"};
                 return field;
             }
             if (bytes[at] == '\n') ++line;

@@ -46,7 +46,8 @@ void onEndTrial(EndTrial endTrial) { endTrialHook() = std::move(endTrial); }
 void endPatient(EndCause cause) {
     const Ending& ending = endingOf(cause);
     Patient& patient = trialState.patients[trialState.currentPatient];
-    const std::string box = ending.boxBegins + (ending.namesPatient ? patient.name : std::string()) + ending.boxEnds;
+    const std::string box =
+        ending.boxBegins + (ending.namesPatient ? patient.name : std::string()) + ending.boxEnds;
 
     if (ending.saved) trialState.patientSaved = true;
     patient.status = ending.status;

@@ -48,8 +48,9 @@ void loadTreatmentProperty(RecordSet& row) {
 }  // namespace
 
 void listSettings() {
-    RecordSet settings = openTable(std::string("SELECT * FROM [tblAppDefault] ") + "ORDER BY [tblAppDefault.Setting]",
-                                   true, "opening tblAppDefault table for settings");
+    RecordSet settings =
+        openTable(std::string("SELECT * FROM [tblAppDefault] ") + "ORDER BY [tblAppDefault.Setting]", true,
+                  "opening tblAppDefault table for settings");
     Control& list = frmLogin.cboType;
     for (; !settings.isEOF(); settings.MoveNext()) addItem(list, settings.Fields("Setting").text());
     settings.Close();
@@ -59,8 +60,9 @@ void listSettings() {
 
 void loadOptions() {
     runHook(runHooks().loadOptionsForm);
-    RecordSet row = openTable("SELECT * FROM [tblAppDefault] WHERE [Setting]='" + trialState.settingName + "'", true,
-                              "Loading options");
+    RecordSet row =
+        openTable("SELECT * FROM [tblAppDefault] WHERE [Setting]='" + trialState.settingName + "'", true,
+                  "Loading options");
     if (row.isEOF()) {
         tell("Settings in tblappdefault were somehow deleted", "Weird option load error");
         endProgram();
@@ -69,7 +71,8 @@ void loadOptions() {
     Options.Time.set(row.Fields("Time").short16());
     Options.SimRate.set(row.Fields("SimRate").short16());
     loadStartTime(row);
-    for (const TextColumn& column : textColumns()) (Options.*column.field).set(textOrEmpty(row.Fields(column.column)));
+    for (const TextColumn& column : textColumns())
+        (Options.*column.field).set(textOrEmpty(row.Fields(column.column)));
     for (const FlagColumn& column : flagColumns()) {
         if (row.Fields(column.column).isTrue()) (Options.*column.flag).set(true);
     }

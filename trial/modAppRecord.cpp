@@ -11,7 +11,9 @@
 
 namespace modAppRecord {
 
-std::string trialStem() { return trialState.subjectName + numberText::padded(trialState.trialNumber, 2) + "_"; }
+std::string trialStem() {
+    return trialState.subjectName + numberText::padded(trialState.trialNumber, 2) + "_";
+}
 
 std::string stateId() { return trialStem() + numberText::padded(trialState.diagnosisCount, 2); }
 
@@ -95,9 +97,10 @@ void recordFeedback(RecordSet& trial) {
 void recordTrialEnd() {
     const TrialState& s = trialState;
     const Patient& patient = s.patients[s.currentPatient];
-    RecordSet trial = openTable(std::string("SELECT * FROM [dataTrial] ") + "WHERE [dataTrial.Subject]='" +
-                                    s.subjectName + "' AND " + "[dataTrial.Trial]=" + numberText::whole(s.trialNumber),
-                                false, "Recording end of trial information");
+    RecordSet trial =
+        openTable(std::string("SELECT * FROM [dataTrial] ") + "WHERE [dataTrial.Subject]='" + s.subjectName +
+                      "' AND " + "[dataTrial.Trial]=" + numberText::whole(s.trialNumber),
+                  false, "Recording end of trial information");
     if (trial.isEOF()) {
         tell("Trial start index somehow was not stored", "Error post-recording trial");
         endProgram();

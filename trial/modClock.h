@@ -19,7 +19,8 @@ void startOptions();
 void initClock(Int16& startHour, Int16 startMinute, Int16 rate, Int16 length);
 
 /// One simulated minute on; returns the time as text. Ends the trial when the dial shows the end time for
-/// the last time. The end is compared on the dial and never by elapsed time, so an end hour of 0 is never met.
+/// the last time. The end is compared on the dial and never by elapsed time, so an end hour of 0 is never
+/// met.
 std::string tickClock();
 
 }  // namespace modClock

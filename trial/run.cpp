@@ -38,7 +38,11 @@ constexpr double splashRounds = 1000000.0;
 void showSplash() {
     windows::show(frmSplash.form);
     host().yield();
-    for (double round = 1.0; round <= splashRounds; round += 1.0) host().yield();
+    double round = 1.0;
+    while (round <= splashRounds) {
+        host().yield();
+        round += 1.0;
+    }
     windows::hide(frmSplash.form);
 }
 
@@ -99,8 +103,10 @@ void takeElapsedTimes() {
     const std::uint32_t now = host().milliseconds();
     if (now < s.trialStartTick) raiseFault(FaultNumber::Overflow, "the millisecond counter went back");
     const Int32 seconds = round32((now - s.trialStartTick) / 1000.0);
-    s.actualTimeText = numberText::whole(floor32(seconds.toFloat() / 60)) + ":" + numberText::padded(seconds % 60, 2);
-    s.simTimeText = numberText::padded(s.elapsedHours, 2) + ":" + numberText::padded(s.elapsedMinutes % 60, 2);
+    s.actualTimeText =
+        numberText::whole(floor32(seconds.toFloat() / 60)) + ":" + numberText::padded(seconds % 60, 2);
+    s.simTimeText =
+        numberText::padded(s.elapsedHours, 2) + ":" + numberText::padded(s.elapsedMinutes % 60, 2);
 }
 
 /// The next trial shows the options dialog once.

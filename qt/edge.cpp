@@ -1,0 +1,37 @@
+#include "qt/edge.h"
+
+#include <exception>
+#include <utility>
+
+#include "platform/host.h"
+
+namespace edge {
+
+namespace {
+
+std::function<void(const Fault&)>& reporter() {
+    static std::function<void(const Fault&)> function;
+    return function;
+}
+
+void stop(const Fault& fault) {
+    if (reporter()) reporter()(fault);
+    endProgram(faultExitStatus);
+}
+
+}  // namespace
+
+void onFault(std::function<void(const Fault&)> report) { reporter() = std::move(report); }
+
+void run(const std::function<void()>& handler) {
+    if (!handler) return;
+    try {
+        handler();
+    } catch (const Fault& fault) {
+        stop(fault);
+    } catch (const std::exception& error) {
+        stop({0, error.what()});
+    }
+}
+
+}  // namespace edge

@@ -1,0 +1,182 @@
+// Faces of lists, belief meters, progress charts and the pages.
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QSlider>
+#include <QTabBar>
+#include <QWheelEvent>
+
+#include "platform/numberText.h"
+#include "qt/edge.h"
+#include "qt/eventHook.h"
+#include "qt/faces.h"
+#include "qt/geometry.h"
+#include "qt/look.h"
+#include "qt/tableFont.h"
+
+namespace faces {
+
+namespace {
+
+void showLines(QListWidget& list, const Control& control) {
+    const Showing showing;
+    list.clear();
+    for (const std::string& item : control.items) list.addItem(toQt(item));
+    constexpr int margin = 24;  // pixels of the frame and a scroll bar
+    list.setFont(control.look.fixedWidth ? tableFont::of(control, list.width() - margin)
+                                         : look::font(control.look, geometry::scaleOf(control)));
+}
+
+void showSelection(QListWidget& list, const Control& control) {
+    const Showing showing;
+    for (int i = 0; i < list.count(); ++i) list.item(i)->setSelected(isSelected(control, i));
+}
+
+void takeSelection(const QListWidget& list, Control& control) {
+    if (isShowing()) return;
+    edge::run([&] {
+        std::vector<int> lines;
+        for (int i = 0; i < list.count(); ++i) {
+            if (list.item(i)->isSelected()) lines.push_back(i);
+        }
+        selectItems(control, lines);
+        if (control.on.click) control.on.click();
+    });
+}
+
+void showRange(QSlider& slider, const Control& control) {
+    const Showing showing;
+    slider.setRange(control.min.toInt(), control.max.toInt());
+    slider.setValue(control.value.toInt());
+}
+
+/// One step a notch, whatever the desktop scrolls elsewhere.
+bool stepByWheel(QSlider& slider, const QWheelEvent& event) {
+    const int notches = event.angleDelta().y() / 120;
+    if (slider.isEnabled() && notches != 0) slider.setValue(slider.value() + notches * slider.singleStep());
+    return true;
+}
+
+void showProgress(QProgressBar& bar, const Control& control) {
+    const int gone = static_cast<int>(numberText::toNumber(control.columns[0]));
+    const int left = static_cast<int>(numberText::toNumber(control.columns[1]));
+    const int whole = std::max(1, gone + left);
+    bar.setRange(0, whole);
+    bar.setValue(std::min(gone, whole));
+    bar.setFormat(QString("%1 / %2").arg(gone).arg(std::max(gone + left, 0)));
+}
+
+struct Pages {
+    QTabBar* bar;
+    std::vector<QWidget*> pages;
+};
+
+void turnTo(const Pages& pages, int wanted) {
+    const Showing showing;
+    pages.bar->setCurrentIndex(wanted);
+    for (std::size_t i = 0; i < pages.pages.size(); ++i)
+        pages.pages[i]->setVisible(static_cast<int>(i) == wanted);
+}
+
+void layPages(const Pages& pages, const QWidget& whole, double scale) {
+    const int top = qRound(geometry::tabBarHeight * scale);
+    pages.bar->setStyleSheet(QString("QTabBar::tab { height: %1px; }").arg(top - 4));
+    pages.bar->setGeometry(0, 0, whole.width(), top + 1);
+    pages.bar->raise();
+    for (QWidget* page : pages.pages) page->setGeometry(0, top, whole.width(), whole.height() - top);
+}
+
+}  // namespace
+
+Face listBox(Control& control, QWidget* parent) {
+    auto* list = new QListWidget(parent);
+    list->setSelectionMode(control.multiSelect ? QAbstractItemView::ExtendedSelection
+                                               : QAbstractItemView::SingleSelection);
+    list->setWordWrap(!control.look.fixedWidth);
+    list->setHorizontalScrollBarPolicy(control.look.fixedWidth ? Qt::ScrollBarAsNeeded
+                                                               : Qt::ScrollBarAlwaysOff);
+    QObject::connect(list, &QListWidget::itemSelectionChanged, list,
+                     [list, &control] { takeSelection(*list, control); });
+    // A press on the line that is selected already counts as well.
+    QObject::connect(list, &QListWidget::itemClicked, list,
+                     [list, &control] { takeSelection(*list, control); });
+    QObject::connect(list, &QListWidget::itemDoubleClicked, list,
+                     [&control](QListWidgetItem*) { edge::run(control.on.doubleClick); });
+    const auto fill = [list, &control] {
+        showLines(*list, control);
+        showSelection(*list, control);
+    };
+    return {list,
+            [list, &control, fill](Property property) {
+                if (property == Property::Items) fill();
+                if (property == Property::Selection) showSelection(*list, control);
+            },
+            fill,
+            {}};
+}
+
+Face meter(Control& control, QWidget* parent) {
+    auto* slider = new QSlider(Qt::Horizontal, parent);
+    slider->setSingleStep(control.smallChange);
+    slider->setPageStep(control.largeChange);
+    slider->setFocusPolicy(Qt::StrongFocus);
+    QObject::connect(slider, &QSlider::valueChanged, slider, [&control](int value) {
+        if (!isShowing()) edge::run([&] { setValue(control, value); });
+    });
+    hookEvents(slider, [slider](QEvent* event) {
+        return event->type() == QEvent::Wheel && stepByWheel(*slider, *static_cast<QWheelEvent*>(event));
+    });
+    const auto show = [slider, &control] { showRange(*slider, control); };
+    return {slider,
+            [show](Property property) {
+                if (property == Property::Value || property == Property::Range) show();
+            },
+            show,
+            {}};
+}
+
+Face chart(Control& control, QWidget* parent) {
+    auto* bar = new QProgressBar(parent);
+    const auto show = [bar, &control] { showProgress(*bar, control); };
+    return {bar,
+            [show](Property property) {
+                if (property == Property::Columns) show();
+            },
+            [bar, &control, show] {
+                bar->setFont(look::font({165}, geometry::scaleOf(control)));
+                show();
+            },
+            {}};
+}
+
+Face tabs(Control& control, QWidget* parent) {
+    auto* whole = new QWidget(parent);
+    Pages pages{new QTabBar(whole), {}};
+    pages.bar->setDrawBase(false);
+    pages.bar->setExpanding(false);
+    for (const std::string& caption : control.items) {
+        pages.bar->addTab(toQt(caption));
+        auto* page = new QWidget(whole);
+        page->setProperty("role", "page");
+        page->setAttribute(Qt::WA_StyledBackground);
+        page->lower();
+        pages.pages.push_back(page);
+    }
+    QObject::connect(pages.bar, &QTabBar::currentChanged, whole, [&control](int page) {
+        if (!isShowing()) edge::run([&] { setValue(control, page); });
+    });
+    const auto turn = [pages, &control] { turnTo(pages, control.value.toInt()); };
+    return {whole,
+            [turn](Property property) {
+                if (property == Property::Value) turn();
+            },
+            [pages, whole, turn, &control] {
+                const double scale = geometry::scaleOf(control);
+                pages.bar->setFont(look::font({210, true}, scale));
+                layPages(pages, *whole, scale);
+                turn();
+            },
+            [pages](int page) { return pages.pages.at(static_cast<std::size_t>(page)); }};
+}
+
+}  // namespace faces

@@ -1,0 +1,139 @@
+// Faces of frames, labels, pictures and lines: what only shows.
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+
+#include "qt/edge.h"
+#include "qt/eventHook.h"
+#include "qt/faces.h"
+#include "qt/geometry.h"
+#include "qt/look.h"
+#include "qt/tableFont.h"
+
+namespace faces {
+
+namespace {
+
+constexpr Look frameTitle{180};
+
+int alignmentOf(const Control& control) {
+    switch (control.look.align) {
+        case Look::Align::Right: return Qt::AlignRight;
+        case Look::Align::Centre: return Qt::AlignHCenter;
+        default: return Qt::AlignLeft;
+    }
+}
+
+/// A label of two lines or more wraps at words, and its text begins at the top.
+bool isTall(const Control& control) {
+    return !control.look.fixedWidth && control.box.height > 2.1F * static_cast<float>(control.look.fontSize);
+}
+
+void setLabelText(QLabel& label, const Control& control) {
+    const QString text = toQt(control.caption);
+    if (control.look.fixedWidth) {
+        label.setFont(tableFont::of(control, label.width()));
+    } else {
+        const QFont font = look::font(control.look, geometry::scaleOf(control));
+        const int flags = isTall(control) ? Qt::TextWordWrap : 0;
+        label.setFont(control.look.clips ? font
+                                         : geometry::fitted(font, text, label.contentsRect().size(), flags));
+    }
+    label.setText(text);
+}
+
+/// A label that answers a double click is reached and pressed by keyboard too.
+void makePressable(QLabel& label, Control& control) {
+    label.setFocusPolicy(Qt::StrongFocus);
+    label.setProperty("role", "request");
+    hookEvents(&label, [&control](QEvent* event) {
+        const bool doubleClick = event->type() == QEvent::MouseButtonDblClick;
+        bool key = false;
+        if (event->type() == QEvent::KeyPress) {
+            const int code = static_cast<QKeyEvent*>(event)->key();
+            key = code == Qt::Key_Return || code == Qt::Key_Enter || code == Qt::Key_Space;
+        }
+        if (doubleClick || key) edge::run(control.on.doubleClick);
+        return doubleClick || key;
+    });
+}
+
+Face framed(Control& control, QWidget* parent) {
+    auto* box = new QGroupBox(parent);
+    const auto restyle = [box, &control] {
+        box->setFont(look::font(frameTitle, geometry::scaleOf(control)));
+        box->setTitle(literally(control.caption));
+    };
+    return {box,
+            [restyle](Property property) {
+                if (property == Property::Caption) restyle();
+            },
+            restyle, [box](int) { return box; }};
+}
+
+}  // namespace
+
+Face frame(Control& control, QWidget* parent) { return framed(control, parent); }
+
+Face label(Control& control, QWidget* parent) {
+    if (control.look.framed) return framed(control, parent);
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(isTall(control));
+    const int upright = isTall(control) ? Qt::AlignTop : Qt::AlignVCenter;
+    label->setAlignment(Qt::Alignment(alignmentOf(control) | upright));
+    if (control.on.doubleClick) makePressable(*label, control);
+    const auto restyle = [label, &control] { setLabelText(*label, control); };
+    return {label,
+            [restyle](Property property) {
+                if (property == Property::Caption) restyle();
+            },
+            restyle,
+            {}};
+}
+
+Face picture(Control& control, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setAlignment(Qt::AlignCenter);
+    const auto draw = [label, &control] {
+        const QPixmap source(toQt(control.text));
+        if (source.isNull()) {
+            label->clear();
+            return;
+        }
+        // Scaled to the pixels of the screen, so that it stays sharp on a dense one.
+        const qreal ratio = label->devicePixelRatioF();
+        QPixmap scaled = source.scaled(label->size() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(ratio);
+        label->setPixmap(scaled);
+    };
+    return {label,
+            [draw](Property property) {
+                if (property == Property::Text) draw();
+            },
+            draw,
+            {}};
+}
+
+Face line(Control& control, QWidget* parent) {
+    auto* widget = new QWidget(parent);
+    widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+    hookPainting(widget,
+                 [](QWidget* target) { QPainter(target).fillRect(target->rect(), look::colours().faint); });
+    // All lines are upright or level; they are never thinner than a pixel.
+    const auto place = [widget, &control] {
+        const QRect rect = geometry::place(control);
+        const int thickness = std::max(1, qRound(15 * geometry::scaleOf(control)));
+        widget->setGeometry(rect.x(), rect.y(), std::max(rect.width(), thickness),
+                            std::max(rect.height(), thickness));
+    };
+    return {widget,
+            [place](Property property) {
+                if (property == Property::Box) place();
+            },
+            place,
+            {}};
+}
+
+}  // namespace faces

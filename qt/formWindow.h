@@ -1,0 +1,19 @@
+// The window of a form: its scale, its buttons, how it opens and closes.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "forms/control.h"
+
+namespace formWindow {
+
+/// Makes the window of a form. `layOut` places its controls anew when the scale has changed.
+void make(Control& form, std::function<void()> layOut);
+
+QWidget* of(const Control& form);
+
+/// Brings a property of the form to its window.
+void show(Control& form, Property property);
+
+}  // namespace formWindow

@@ -1,0 +1,69 @@
+#include "qt/geometry.h"
+
+#include <QFontMetrics>
+#include <QPoint>
+#include <cstdlib>
+#include <map>
+
+namespace geometry {
+
+namespace {
+
+constexpr double defaultScale = 1.0 / 15.0;
+constexpr int leastPixels = 7;
+constexpr double leastShare = 0.6;  // of the designed size
+
+struct Frame {
+    double scale = defaultScale;
+    QPoint origin;
+};
+
+Frame& frameOf(const Control& control) {
+    static std::map<const Control*, Frame> frames;
+    const Control* root = &control;
+    while (root->parent != nullptr) root = root->parent;
+    return frames[root];
+}
+
+}  // namespace
+
+double scaleOf(const Control& control) { return frameOf(control).scale; }
+
+void setScale(const Control& form, double pixelsPerTwip) { frameOf(form).scale = pixelsPerTwip; }
+
+void setOrigin(const Control& form, QPoint origin) { frameOf(form).origin = origin; }
+
+QRect place(const Control& control) {
+    const double scale = scaleOf(control);
+    const bool onForm = control.parent != nullptr && control.parent->kind == Kind::Form;
+    const QPoint origin = onForm ? frameOf(control).origin : QPoint(0, 0);
+    const QPoint topLeft(qRound(control.box.left * scale), qRound(control.box.top * scale));
+    const QPoint bottomRight(qRound((control.box.left + control.box.width) * scale),
+                             qRound((control.box.top + control.box.height) * scale));
+    return QRect(topLeft + origin, bottomRight + origin - QPoint(1, 1));
+}
+
+QFont fitted(QFont font, const QString& text, QSize room, int flags) {
+    const int designed = font.pixelSize();
+    for (int size = designed; size >= leastPixels && size >= designed * leastShare; --size) {
+        font.setPixelSize(size);
+        const QRect bounds = QFontMetrics(font).boundingRect(QRect(0, 0, room.width(), 1 << 16), flags, text);
+        if (bounds.width() <= room.width() && bounds.height() <= room.height()) break;
+    }
+    return font;
+}
+
+QString brokenInTwo(const QString& text, const QFont& font, int width) {
+    if (QFontMetrics(font).horizontalAdvance(text) <= width) return text;
+    const int middle = static_cast<int>(text.size()) / 2;
+    int best = -1;
+    for (int i = 0; i < text.size(); ++i) {
+        if (text[i] == ' ' && (best < 0 || std::abs(i - middle) < std::abs(best - middle))) best = i;
+    }
+    if (best < 0) return text;
+    QString broken = text;
+    broken[best] = '\n';
+    return broken;
+}
+
+}  // namespace geometry

@@ -1,0 +1,33 @@
+// From twips to pixels: each window has one scale, and texts that would not fit their place at it are set
+// a little smaller.
+#pragma once
+
+#include <QFont>
+#include <QRect>
+#include <QSize>
+#include <QString>
+
+#include "forms/control.h"
+
+namespace geometry {
+
+/// Height of the tabs above the pages of a tab control, twips.
+constexpr float tabBarHeight = 420;
+
+/// Pixels per twip of the window that the control stands in.
+double scaleOf(const Control& control);
+void setScale(const Control& form, double pixelsPerTwip);
+
+/// Where a form's content begins in its window: it stands in the middle of what the window leaves over.
+void setOrigin(const Control& form, QPoint origin);
+
+/// The control's place in its container's widget, pixels.
+QRect place(const Control& control);
+
+/// The largest size up to that of `font` at which the text fits into `room`. Flags as for drawing texts.
+QFont fitted(QFont font, const QString& text, QSize room, int flags);
+
+/// The text with a line break at the blank nearest its middle, if it is wider than `width`.
+QString brokenInTwo(const QString& text, const QFont& font, int width);
+
+}  // namespace geometry

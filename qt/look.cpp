@@ -1,0 +1,171 @@
+#include "qt/look.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QStyleFactory>
+#include <algorithm>
+
+namespace look {
+
+namespace {
+
+constexpr Colours lightColours() {
+    return {.window = QColor(0xEE, 0xF1, 0xF4),
+            .card = QColor(0xFF, 0xFF, 0xFF),
+            .border = QColor(0xC9, 0xD1, 0xD9),
+            .text = QColor(0x18, 0x22, 0x2D),
+            .faint = QColor(0x4E, 0x5B, 0x68),
+            .accent = QColor(0x0B, 0x66, 0x70),
+            .onAccent = QColor(0xFF, 0xFF, 0xFF),
+            .field = QColor(0xFF, 0xFF, 0xFF),
+            .disabledText = QColor(0x66, 0x70, 0x7A),
+            .hover = QColor(0xE3, 0xEE, 0xEF),
+            .alarm = QColor(0xB3, 0x1B, 0x1B)};
+}
+
+constexpr Colours darkColours() {
+    return {.window = QColor(0x12, 0x17, 0x1D),
+            .card = QColor(0x1C, 0x23, 0x2B),
+            .border = QColor(0x3A, 0x46, 0x52),
+            .text = QColor(0xEC, 0xF0, 0xF4),
+            .faint = QColor(0xA9, 0xB6, 0xC2),
+            .accent = QColor(0x5C, 0xC4, 0xCB),
+            .onAccent = QColor(0x0A, 0x14, 0x18),
+            .field = QColor(0x14, 0x1A, 0x20),
+            .disabledText = QColor(0x93, 0x9E, 0xA9),
+            .hover = QColor(0x28, 0x34, 0x3D),
+            .alarm = QColor(0xFF, 0x8A, 0x80)};
+}
+
+Colours inUse = lightColours();
+
+QString family(const char* wanted, QFontDatabase::SystemFont otherwise) {
+    if (QFontDatabase::hasFamily(wanted)) return wanted;
+    return QFontDatabase::systemFont(otherwise).family();
+}
+
+QPalette paletteOf(const Colours& c) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, c.window);
+    palette.setColor(QPalette::WindowText, c.text);
+    palette.setColor(QPalette::Base, c.field);
+    palette.setColor(QPalette::AlternateBase, c.card);
+    palette.setColor(QPalette::Text, c.text);
+    palette.setColor(QPalette::PlaceholderText, c.faint);
+    palette.setColor(QPalette::Button, c.card);
+    palette.setColor(QPalette::ButtonText, c.text);
+    palette.setColor(QPalette::Highlight, c.accent);
+    palette.setColor(QPalette::HighlightedText, c.onAccent);
+    palette.setColor(QPalette::ToolTipBase, c.card);
+    palette.setColor(QPalette::ToolTipText, c.text);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, c.disabledText);
+    }
+    return palette;
+}
+
+/// Colours stand in it as @name.
+constexpr const char* sheetText = R"(
+        QGroupBox { background: @card; border: 1px solid @border; border-radius: 6px; margin-top: 0px; }
+        QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left; left: 8px; top: 3px;
+                           color: @faint; background: transparent; padding: 0px; }
+        QWidget[role="page"] { background: @card; border: 1px solid @border; border-bottom-left-radius: 6px;
+                       border-bottom-right-radius: 6px; }
+        QLabel { background: transparent; color: @text; }
+        QLabel:focus { border: 2px solid @accent; border-radius: 4px; }
+        QLabel[role="request"] { border: 1px dashed @border; border-radius: 4px; background: @field; }
+        QLabel[role="request"]:focus { border: 2px solid @accent; }
+        QLabel[role="error"] { color: @alarm; }
+        QPushButton { background: @card; color: @accent; border: 1px solid @accent; border-radius: 5px;
+                      padding: 1px 4px; }
+        QPushButton:hover { background: @hover; }
+        QPushButton:focus { border: 3px solid @accent; padding: 0px 2px; }
+        QPushButton:pressed { background: @accent; color: @onAccent; }
+        QPushButton:disabled { color: @disabledText; border-color: @border; background: @card; }
+        QPushButton[role="strong"] { background: @accent; color: @onAccent; }
+        QPushButton[role="strong"]:focus { border: 3px solid @text; }
+        QPushButton[role="strong"]:disabled { background: @card; color: @disabledText; border-color: @border; }
+        QLineEdit, QPlainTextEdit, QListWidget, QComboBox { background: @field; color: @text;
+                      border: 1px solid @border; border-radius: 4px; selection-background-color: @accent;
+                      selection-color: @onAccent; }
+        QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus, QComboBox:focus { border: 2px solid @accent; }
+        QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; background: transparent; padding: 0px 2px; }
+        QComboBox::drop-down { border: none; width: 22px; }
+        QComboBox QAbstractItemView { background: @field; color: @text; selection-background-color: @accent;
+                      selection-color: @onAccent; }
+        QLineEdit:disabled, QComboBox:disabled, QListWidget:disabled { color: @disabledText; background: @card; }
+        QCheckBox, QRadioButton { color: @text; padding-left: 2px; border: 2px solid transparent;
+                      border-radius: 4px; }
+        QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
+        QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
+        QTabBar { background: transparent; }
+        QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; padding: 0px 14px;
+                       border-top-left-radius: 6px; border-top-right-radius: 6px; margin-right: 3px; }
+        QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card;
+                       border-top: 3px solid @accent; }
+        QTabBar:focus { border: 2px solid @accent; border-radius: 6px; }
+        QProgressBar { background: @field; border: 1px solid @border; border-radius: 4px; text-align: center;
+                       color: @text; }
+        QProgressBar::chunk { background: @chunk; border-radius: 3px; }
+        QSlider { background: transparent; border: 2px solid transparent; border-radius: 4px; }
+        QSlider:focus { border-color: @accent; }
+        QSlider::groove:horizontal { height: 8px; background: @border; border-radius: 4px; }
+        QSlider::sub-page:horizontal { background: @accent; border-radius: 4px; }
+        QSlider::handle:horizontal { background: @text; width: 10px; margin: -5px 0px; border-radius: 3px; }
+        QSlider::sub-page:horizontal:disabled { background: @faint; }
+        QSlider::handle:horizontal:disabled { background: transparent; }
+        QScrollBar:vertical { background: transparent; width: 10px; }
+        QScrollBar::handle:vertical { background: @border; border-radius: 5px; min-height: 24px; }
+        QScrollBar::add-line, QScrollBar::sub-line { height: 0px; width: 0px; }
+        QScrollBar:horizontal { background: transparent; height: 10px; }
+        QScrollBar::handle:horizontal { background: @border; border-radius: 5px; min-width: 24px; }
+)";
+
+/// The sheet, with the colours' names in place of @name.
+QString sheet(const Colours& c) {
+    QString text(sheetText);
+    QColor chunk = c.accent;
+    chunk.setAlpha(110);
+    const std::pair<const char*, QString> names[] = {
+        {"@onAccent", c.onAccent.name()},
+        {"@disabledText", c.disabledText.name()},
+        {"@window", c.window.name()},
+        {"@card", c.card.name()},
+        {"@border", c.border.name()},
+        {"@text", c.text.name()},
+        {"@faint", c.faint.name()},
+        {"@accent", c.accent.name()},
+        {"@field", c.field.name()},
+        {"@hover", c.hover.name()},
+        {"@alarm", c.alarm.name()},
+        {"@chunk", QString("rgba(%1,%2,%3,%4)")
+                       .arg(chunk.red())
+                       .arg(chunk.green())
+                       .arg(chunk.blue())
+                       .arg(chunk.alpha())},
+    };
+    for (const auto& [name, value] : names) text.replace(QLatin1String(name), value);
+    return text;
+}
+
+}  // namespace
+
+const Colours& colours() { return inUse; }
+
+void apply(bool dark) {
+    inUse = dark ? darkColours() : lightColours();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(paletteOf(inUse));
+    QApplication::setFont(QFont(family("Inter", QFontDatabase::GeneralFont), 10));
+    qApp->setStyleSheet(sheet(inUse));
+}
+
+QFont font(const Look& wanted, double scale) {
+    QFont font(wanted.fixedWidth ? family("DejaVu Sans Mono", QFontDatabase::FixedFont)
+                                 : family("Inter", QFontDatabase::GeneralFont));
+    font.setPixelSize(std::max(6, qRound(wanted.fontSize * scale)));
+    font.setBold(wanted.bold);
+    return font;
+}
+
+}  // namespace look

@@ -1,0 +1,73 @@
+// tavix: the desktop program.
+#include <QApplication>
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QImageReader>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/randomSource.h"
+#include "qt/boxes.h"
+#include "qt/desktopTheme.h"
+#include "qt/edge.h"
+#include "qt/look.h"
+#include "qt/mirror.h"
+#include "qt/realTimers.h"
+#include "screens/wiring.h"
+#include "trial/run.h"
+
+namespace {
+
+/// Ends at once, from however deep: the run leaves nothing open that would have to be closed.
+void endNow(int status) {
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+void waitWhile(const std::function<bool()>& open) {
+    QEventLoop loop;
+    while (open()) loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+void checkPicture(const std::string& path) {
+    files::checkPicture(path);
+    if (!QImageReader(QString::fromStdString(path)).canRead()) raiseFault(FaultNumber::InvalidPicture, path);
+}
+
+Host desktopHost() {
+    static QElapsedTimer sinceStart;
+    sinceStart.start();
+    Host host;
+    host.waitWhile = waitWhile;
+    host.messageBox = boxes::show;
+    host.yield = [] { QCoreApplication::processEvents(); };
+    host.milliseconds = [] { return static_cast<std::uint32_t>(sinceStart.elapsed()); };
+    host.today = [] { return QDate::currentDate().toString(Qt::ISODate).toStdString(); };
+    host.timeOfDay = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
+    host.programFolder = files::folderOfProgram;
+    host.loadPicture = checkPicture;
+    host.endProgram = endNow;
+    return host;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Tavix");
+    QApplication::setQuitOnLastWindowClosed(false);
+    look::apply(desktopTheme::isDark());
+    host() = desktopHost();
+    edge::onFault(boxes::showFault);
+    std::random_device chance;
+    randomSource::fixState((std::uint64_t{chance()} << 32U) | chance());
+    wiring::wireForms();
+    mirror::build();
+    realTimers::build();
+    edge::run(run::startApplication);
+    return QApplication::exec();
+}

@@ -1,0 +1,140 @@
+#include "qt/mirror.h"
+
+#include <QApplication>
+#include <map>
+
+#include "forms/frmTavix.h"
+#include "forms/registry.h"
+#include "forms/windows.h"
+#include "qt/edge.h"
+#include "qt/faces.h"
+#include "qt/formWindow.h"
+#include "qt/geometry.h"
+#include "qt/names.h"
+
+namespace mirror {
+
+namespace {
+
+std::map<const Control*, Face> faceOf;
+
+Face makeFace(Control& control, QWidget* parent) {
+    if (&control == &frmTavix.lblHealthScreen) return faces::monitor(control, parent);
+    switch (control.kind) {
+        case Kind::Frame: return faces::frame(control, parent);
+        case Kind::Label: return faces::label(control, parent);
+        case Kind::Button: return faces::button(control, parent);
+        case Kind::TextBox:
+            return control.multiLine ? faces::textArea(control, parent) : faces::lineEdit(control, parent);
+        case Kind::TickBox: return faces::tickBox(control, parent);
+        case Kind::OptionButton: return faces::optionButton(control, parent);
+        case Kind::ComboBox: return faces::comboBox(control, parent);
+        case Kind::ListBox: return faces::listBox(control, parent);
+        case Kind::ScrollBar: return faces::meter(control, parent);
+        case Kind::TabControl: return faces::tabs(control, parent);
+        case Kind::Chart: return faces::chart(control, parent);
+        case Kind::Picture: return faces::picture(control, parent);
+        case Kind::Line: return faces::line(control, parent);
+        case Kind::Form:
+        case Kind::Timer: break;
+    }
+    return {};
+}
+
+void place(Control& control) {
+    const Face& face = faceOf.at(&control);
+    face.widget->setGeometry(geometry::place(control));
+    face.rescale();
+}
+
+void layOut(Control& form) {
+    const faces::Showing showing;
+    for (Control* control : allControls()) {
+        if (control->form == form.form && faceOf.contains(control) && control != &form) place(*control);
+    }
+}
+
+void show(Control& control, Property property) {
+    const Face& face = faceOf.at(&control);
+    switch (property) {
+        case Property::Visible: face.widget->setVisible(control.visible); break;
+        case Property::Enabled: face.widget->setEnabled(control.enabled); break;
+        case Property::Box: place(control); break;
+        case Property::Focus: face.widget->setFocus(); break;
+        default: face.show(property);
+    }
+    if (&control == &frmTavix.txtSvD && property == Property::Text) {
+        // The tables of the tests page share one size of font.
+        faceOf.at(&frmTavix.lblBaseRates).rescale();
+        faceOf.at(&frmTavix.lblSvD).rescale();
+    }
+}
+
+/// The whole form as it stands, after its design.
+void showAll(Control& form) {
+    for (Control* control : allControls()) {
+        if (control->form != form.form || !faceOf.contains(control) || control == &form) continue;
+        QWidget* widget = faceOf.at(control).widget;
+        widget->setVisible(control->visible);
+        widget->setEnabled(control->enabled);
+    }
+    layOut(form);
+}
+
+void onChange(Control& control, Property property) {
+    if (control.kind == Kind::Timer) return;
+    const faces::Showing showing;
+    if (control.kind != Kind::Form) {
+        show(control, property);
+    } else if (property == Property::Design) {
+        showAll(control);
+    } else {
+        formWindow::show(control, property);
+    }
+}
+
+void buildControls(Control& form) {
+    for (Control* control : allControls()) {
+        if (control->form != form.form || control == &form || control->kind == Kind::Timer) continue;
+        const Control& container = *control->parent;
+        QWidget* parent =
+            container.kind == Kind::Form ? formWindow::of(form) : faceOf.at(&container).inside(control->page);
+        Face face = makeFace(*control, parent);
+        names::describe(*face.widget, *control);
+        faceOf[control] = std::move(face);
+    }
+}
+
+/// The person moved the focus; what the toolkit moves while the record is being shown does not count.
+void takeFocus(QWidget* /*old*/, QWidget* now) {
+    if (faces::isShowing() || now == nullptr) return;
+    Control* control = controlOf(now);
+    if (control != nullptr) windows::focusByPerson(*control);
+}
+
+}  // namespace
+
+void build() {
+    for (Control* form : registry::forms()) {
+        formWindow::make(*form, [form] { layOut(*form); });
+        buildControls(*form);
+        showAll(*form);
+    }
+    watchControls(onChange);
+    QObject::connect(qApp, &QApplication::focusChanged, qApp, takeFocus);
+}
+
+QWidget* widgetOf(const Control& control) {
+    return control.kind == Kind::Form ? formWindow::of(control) : faceOf.at(&control).widget;
+}
+
+Control* controlOf(QWidget* widget) {
+    for (QWidget* at = widget; at != nullptr; at = at->parentWidget()) {
+        for (const auto& [control, face] : faceOf) {
+            if (face.widget == at) return const_cast<Control*>(control);
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace mirror

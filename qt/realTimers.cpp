@@ -1,0 +1,42 @@
+#include "qt/realTimers.h"
+
+#include <QTimer>
+#include <map>
+
+#include "forms/control.h"
+#include "qt/edge.h"
+
+namespace realTimers {
+
+namespace {
+
+std::map<const Control*, QTimer*> timerOf;
+
+void follow(const Control& control, QTimer& timer) {
+    if (control.enabled && control.interval > 0) {
+        timer.start(control.interval.toInt());
+    } else {
+        timer.stop();
+    }
+}
+
+void onChange(Control& control, Property property) {
+    const auto found = timerOf.find(&control);
+    if (found == timerOf.end()) return;
+    if (property == Property::Enabled || property == Property::Interval) follow(control, *found->second);
+}
+
+}  // namespace
+
+void build() {
+    for (Control* control : allControls()) {
+        if (control->kind != Kind::Timer) continue;
+        auto* timer = new QTimer;
+        timer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(timer, &QTimer::timeout, timer, [control] { edge::run(control->on.timer); });
+        timerOf[control] = timer;
+    }
+    watchControls(onChange);
+}
+
+}  // namespace realTimers

@@ -1,0 +1,94 @@
+// tavix-twin: the desktop program played by a script in virtual time, by mouse and keys on its real widgets.
+// It takes the same scripts as tavix-headless and prints the same transcript.
+#include <CLI/CLI.hpp>
+#include <QAbstractButton>
+#include <QApplication>
+#include <fstream>
+#include <iostream>
+
+#include "forms/frmTavix.h"
+#include "headless/player.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+#include "platform/randomSource.h"
+#include "qt/boxes.h"
+#include "qt/edge.h"
+#include "qt/look.h"
+#include "qt/mirror.h"
+#include "screens/wiring.h"
+#include "trial/run.h"
+#include "twin/widgetPerson.h"
+
+namespace {
+
+Answer showBox(const Host& scripted, const MessageBox& box) {
+    const std::unique_ptr<QMessageBox> widget(boxes::make(box));
+    QObject::connect(widget.get(), &QMessageBox::buttonClicked, widget.get(),
+                     [&widget, &box] { player::answerBox(boxes::answerOf(*widget, box)); });
+    widgetPerson::pushBox(widget.get());
+    widget->open();
+    const Answer answer = scripted.messageBox(box);
+    widgetPerson::popBox();
+    return answer;
+}
+
+Host twinHost() {
+    Host host = player::scriptedHost();
+    host.messageBox = [scripted = host](const MessageBox& box) { return showBox(scripted, box); };
+    host.endProgram = [](int status) {
+        std::cout.flush();
+        std::_Exit(status);
+    };
+    return host;
+}
+
+void play() {
+    run::startApplication();
+    while (true) player::step();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{"Plays Tavix on its real widgets."};
+    player::Options options{files::folderOfProgram(), "2026-01-05 09:30:00"};
+    std::uint64_t seed = 1;
+    std::string scriptFile;
+    bool dark = false;
+    int width = 0;
+    app.add_option("--folder", options.folder, "the program's folder, with data and Patients in it");
+    app.add_option("--seed", seed, "first state of the random source");
+    app.add_option("--now", options.now, "date and time at the start");
+    app.add_flag("--dark", dark, "dark windows");
+    app.add_option("--width", width, "width of the main window in pixels");
+    app.add_option("SCRIPT", scriptFile, "the script; without it standard input is read");
+    CLI11_PARSE(app, argc, argv);
+
+    std::ifstream file(scriptFile);
+    if (!scriptFile.empty() && !file) {
+        std::cerr << scriptFile << ": cannot be read\n";
+        return 1;
+    }
+    int qtArguments = 1;
+    const QApplication application(qtArguments, argv);
+    look::apply(dark);
+    randomSource::fixState(seed);
+    wiring::wireForms();
+    if (!player::begin(scriptFile.empty() ? std::cin : file, widgetPerson::make(), options)) {
+        std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
+        return 1;
+    }
+    host() = twinHost();
+    edge::onFault([](const Fault& fault) {
+        std::cout.flush();
+        std::cerr << faultReport(fault) << std::endl;
+    });
+    mirror::build();
+    if (width > 0) {
+        const Box& box = frmTavix.form.box;
+        mirror::widgetOf(frmTavix.form)
+            ->resize(width, qRound(box.height * static_cast<float>(width) / box.width));
+    }
+    edge::run(play);
+    return 0;
+}
