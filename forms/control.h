@@ -47,9 +47,10 @@ struct Look {
     bool bold = false;
     bool fixedWidth = false;
     Align align = Align::Left;
-    bool primary = false;  ///< the button that leads on
-    bool framed = false;   ///< a label drawn as a frame around other controls
-    bool clips = false;    ///< a text too long for its place is cut and not set smaller
+    bool primary = false;   ///< the button that leads on
+    bool alarming = false;  ///< a label that says what is wrong
+    bool framed = false;    ///< a label drawn as a frame around other controls
+    bool clips = false;     ///< a text too long for its place is cut and not set smaller
 };
 
 /// What the form does. An empty function is an event that nobody handles.

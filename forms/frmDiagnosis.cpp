@@ -35,7 +35,7 @@ void designFrmDiagnosis() {
     FrmDiagnosis& f = frmDiagnosis;
     design::form(f.form, "frmDiagnosis", "Diagnosis", 5895, 5295);
     const design::Container form{&f.form};
-    design::label(form, f.lblError, "lblError", {120, 240, 1455, 855});
+    design::label(form, f.lblError, "lblError", {120, 240, 1455, 855}).look.alarming = true;
     for (int i = 0; i < 4; ++i) {
         designRow(i);
         if (i == 3) break;

@@ -25,6 +25,13 @@ namespace {
 
 ActingPerson acting;
 
+/// A `run` under way: what it waits for, and whether that has been seen.
+struct Awaited {
+    std::function<bool()> holds;
+    bool seen = false;
+};
+std::vector<Awaited*> underWay;
+
 Control& controlNamed(const std::string& name) {
     Control* control = registry::find(name);
     if (control == nullptr) throw Refused{"there is no control " + name};
@@ -129,8 +136,12 @@ void runUntil(const CommandLine& line) {
     }
     const std::string& target = line.arguments[2];
     const std::string wanted = line.lastOf(5);
-    const auto holds = [&] { return sameValue(propertyOf(target), wanted); };
-    if (holds() || virtualTime::pass(milliseconds(line.arguments[0]), holds) || holds()) return;
+    Awaited awaited{[&] { return sameValue(propertyOf(target), wanted); }};
+    if (awaited.holds()) return;
+    underWay.push_back(&awaited);
+    virtualTime::pass(milliseconds(line.arguments[0]), [&] { return awaited.seen || awaited.holds(); });
+    underWay.pop_back();
+    if (awaited.seen || awaited.holds()) return;
     throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target,
                               properties::onOneLine(propertyOf(target)), properties::onOneLine(wanted),
                               line.arguments[0])};
@@ -222,7 +233,14 @@ const std::map<std::string, Command>& table() {
 
 }  // namespace
 
-void setPerson(ActingPerson person) { acting = std::move(person); }
+void setPerson(ActingPerson person) {
+    acting = std::move(person);
+    underWay.clear();
+}
+
+void onWaiting() {
+    for (Awaited* awaited : underWay) awaited->seen = awaited->seen || awaited->holds();
+}
 
 void execute(const std::string& text) {
     const CommandLine line = parseCommand(text);

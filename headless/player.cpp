@@ -30,6 +30,7 @@ void fail(int line, const std::string& reason) {
 
 Answer showBox(const MessageBox& box) {
     openBoxes::open(box);
+    commands::onWaiting();
     while (!openBoxes::newest()->answer) step();
     return openBoxes::close();
 }
@@ -67,6 +68,7 @@ bool begin(std::istream& script, ActingPerson person, const Options& options) {
 Host scriptedHost() {
     Host host;
     host.waitWhile = [](const std::function<bool()>& open) {
+        commands::onWaiting();
         while (open()) step();
     };
     host.messageBox = showBox;

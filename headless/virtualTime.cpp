@@ -94,7 +94,7 @@ std::uint32_t milliseconds() { return static_cast<std::uint32_t>(now); }
 std::string today() { return fmt::format("{:%Y-%m-%d}", moment()); }
 std::string timeOfDay() { return fmt::format("{:%H:%M:%S}", moment()); }
 
-bool pass(std::int64_t duration, const std::function<bool()>& stop) {
+void pass(std::int64_t duration, const std::function<bool()>& stop) {
     std::int64_t remaining = duration;
     while (true) {
         const auto next = earliest();
@@ -103,10 +103,9 @@ bool pass(std::int64_t duration, const std::function<bool()>& stop) {
         remaining -= step;
         now += step;
         fire(Armed(*next));
-        if (stop()) return true;
+        if (stop()) return;
     }
     now += remaining;
-    return false;
 }
 
 }  // namespace virtualTime

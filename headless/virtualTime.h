@@ -17,8 +17,7 @@ std::string today();
 std::string timeOfDay();
 
 /// Lets so many milliseconds pass and fires the timers that fall due. Time that passes inside a timer's
-/// handler, under a message box, does not count. Stops early after a timer when `stop` holds; says whether
-/// it did.
-bool pass(std::int64_t duration, const std::function<bool()>& stop);
+/// handler, under a message box, does not count. Stops early after a timer when `stop` holds.
+void pass(std::int64_t duration, const std::function<bool()>& stop);
 
 }  // namespace virtualTime

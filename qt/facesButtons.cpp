@@ -68,7 +68,7 @@ Face checkable(Control& control, QWidget* parent, const std::function<void()>& p
 Face button(Control& control, QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
-    if (control.look.primary) button->setProperty("role", "strong");
+    if (control.look.primary) button->setProperty("role", "primary");
     QObject::connect(button, &QPushButton::clicked, button, [&control] { edge::run(control.on.click); });
     hookEvents(button, [button, &control](QEvent* event) {
         if (event->type() != QEvent::KeyPress) return false;

@@ -80,7 +80,6 @@ void turnTo(const Pages& pages, int wanted) {
 
 void layPages(const Pages& pages, const QWidget& whole, double scale) {
     const int top = qRound(geometry::tabBarHeight * scale);
-    pages.bar->setStyleSheet(QString("QTabBar::tab { height: %1px; }").arg(top - 4));
     pages.bar->setGeometry(0, 0, whole.width(), top + 1);
     pages.bar->raise();
     for (QWidget* page : pages.pages) page->setGeometry(0, top, whole.width(), whole.height() - top);

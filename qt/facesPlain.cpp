@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "forms/frmSplash.h"
 #include "qt/edge.h"
+#include "qt/emblem.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
@@ -46,6 +48,7 @@ void setLabelText(QLabel& label, const Control& control) {
 /// A label that answers a double click is reached and pressed by keyboard too.
 void makePressable(QLabel& label, Control& control) {
     label.setFocusPolicy(Qt::StrongFocus);
+    label.setToolTip("Double click to measure");
     label.setProperty("role", "request");
     hookEvents(&label, [&control](QEvent* event) {
         const bool doubleClick = event->type() == QEvent::MouseButtonDblClick;
@@ -83,6 +86,7 @@ Face label(Control& control, QWidget* parent) {
     label->setWordWrap(isTall(control));
     const int upright = isTall(control) ? Qt::AlignTop : Qt::AlignVCenter;
     label->setAlignment(Qt::Alignment(alignmentOf(control) | upright));
+    if (control.look.alarming) label->setProperty("role", "error");
     if (control.on.doubleClick) makePressable(*label, control);
     const auto restyle = [label, &control] { setLabelText(*label, control); };
     return {label,
@@ -93,7 +97,22 @@ Face label(Control& control, QWidget* parent) {
             {}};
 }
 
+namespace {
+
+/// The splash's picture is the emblem and comes from no file.
+Face emblemPicture(QWidget* parent) {
+    auto* widget = new QWidget(parent);
+    hookPainting(widget, [](QWidget* target) {
+        QPainter painter(target);
+        emblem::paint(painter, target->rect());
+    });
+    return {widget, [](Property) {}, [] {}, {}};
+}
+
+}  // namespace
+
 Face picture(Control& control, QWidget* parent) {
+    if (&control == &frmSplash.Picture1) return emblemPicture(parent);
     auto* label = new QLabel(parent);
     label->setAlignment(Qt::AlignCenter);
     const auto draw = [label, &control] {

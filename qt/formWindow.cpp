@@ -13,6 +13,7 @@
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
+#include "qt/look.h"
 
 namespace formWindow {
 
@@ -26,6 +27,7 @@ std::map<const Control*, Window> windows;
 
 constexpr double shareOfScreen = 0.94;  // what the main screen takes at first, window frame left aside
 constexpr double dialogShare = 0.9;     // what a dialog takes of the screen at most
+constexpr double twipsPerPixel = 15;    // at the base scale
 constexpr int frameHeight = 40;         // pixels of a title bar, about
 
 bool isMain(const Control& form) { return &form == &frmTavix.form; }
@@ -50,6 +52,7 @@ void fitContent(const Control& form) {
     const double scale = scaleThatFits(form, window.widget->size());
     const QSize content = sizeAt(form, scale);
     geometry::setScale(form, scale);
+    if (isMain(form)) look::setUnit(scale * twipsPerPixel);
     geometry::setOrigin(form, {(window.widget->width() - content.width()) / 2,
                                (window.widget->height() - content.height()) / 2});
     window.layOut();

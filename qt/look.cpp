@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QRegularExpression>
 #include <QStyleFactory>
 #include <algorithm>
+#include <cmath>
 
 namespace look {
 
@@ -64,66 +66,78 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
-/// Colours stand in it as @name.
+/// Colours stand in it as @name; lengths that grow with the window stand as #N, pixels at the base scale.
 constexpr const char* sheetText = R"(
-        QGroupBox { background: @card; border: 1px solid @border; border-radius: 6px; margin-top: 0px; }
-        QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left; left: 8px; top: 3px;
-                           color: @faint; background: transparent; padding: 0px; }
-        QWidget[role="page"] { background: @card; border: 1px solid @border; border-bottom-left-radius: 6px;
-                       border-bottom-right-radius: 6px; }
-        QLabel { background: transparent; color: @text; }
-        QLabel:focus { border: 2px solid @accent; border-radius: 4px; }
-        QLabel[role="request"] { border: 1px dashed @border; border-radius: 4px; background: @field; }
-        QLabel[role="request"]:focus { border: 2px solid @accent; }
-        QLabel[role="error"] { color: @alarm; }
-        QPushButton { background: @card; color: @accent; border: 1px solid @accent; border-radius: 5px;
-                      padding: 1px 4px; }
-        QPushButton:hover { background: @hover; }
-        QPushButton:focus { border: 3px solid @accent; padding: 0px 2px; }
-        QPushButton:pressed { background: @accent; color: @onAccent; }
-        QPushButton:disabled { color: @disabledText; border-color: @border; background: @card; }
-        QPushButton[role="strong"] { background: @accent; color: @onAccent; }
-        QPushButton[role="strong"]:focus { border: 3px solid @text; }
-        QPushButton[role="strong"]:disabled { background: @card; color: @disabledText; border-color: @border; }
-        QLineEdit, QPlainTextEdit, QListWidget, QComboBox { background: @field; color: @text;
-                      border: 1px solid @border; border-radius: 4px; selection-background-color: @accent;
-                      selection-color: @onAccent; }
-        QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus, QComboBox:focus { border: 2px solid @accent; }
-        QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; background: transparent; padding: 0px 2px; }
-        QComboBox::drop-down { border: none; width: 22px; }
-        QComboBox QAbstractItemView { background: @field; color: @text; selection-background-color: @accent;
-                      selection-color: @onAccent; }
-        QLineEdit:disabled, QComboBox:disabled, QListWidget:disabled { color: @disabledText; background: @card; }
-        QCheckBox, QRadioButton { color: @text; padding-left: 2px; border: 2px solid transparent;
-                      border-radius: 4px; }
-        QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
-        QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
-        QTabBar { background: transparent; }
-        QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; padding: 0px 14px;
-                       border-top-left-radius: 6px; border-top-right-radius: 6px; margin-right: 3px; }
-        QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card;
-                       border-top: 3px solid @accent; }
-        QTabBar:focus { border: 2px solid @accent; border-radius: 6px; }
-        QProgressBar { background: @field; border: 1px solid @border; border-radius: 4px; text-align: center;
-                       color: @text; }
-        QProgressBar::chunk { background: @chunk; border-radius: 3px; }
-        QSlider { background: transparent; border: 2px solid transparent; border-radius: 4px; }
-        QSlider:focus { border-color: @accent; }
-        QSlider::groove:horizontal { height: 8px; background: @border; border-radius: 4px; }
-        QSlider::sub-page:horizontal { background: @accent; border-radius: 4px; }
-        QSlider::handle:horizontal { background: @text; width: 10px; margin: -5px 0px; border-radius: 3px; }
-        QSlider::sub-page:horizontal:disabled { background: @faint; }
-        QSlider::handle:horizontal:disabled { background: transparent; }
-        QScrollBar:vertical { background: transparent; width: 10px; }
-        QScrollBar::handle:vertical { background: @border; border-radius: 5px; min-height: 24px; }
-        QScrollBar::add-line, QScrollBar::sub-line { height: 0px; width: 0px; }
-        QScrollBar:horizontal { background: transparent; height: 10px; }
-        QScrollBar::handle:horizontal { background: @border; border-radius: 5px; min-width: 24px; }
+QGroupBox { background: @card; border: 1px solid @border; border-radius: #6px; margin-top: 0px; }
+QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left; left: #8px; top: #3px;
+    color: @faint; background: transparent; padding: 0px; }
+QWidget[role="page"] { background: @card; border: 1px solid @border; border-bottom-left-radius: #6px;
+    border-bottom-right-radius: #6px; }
+QLabel { background: transparent; color: @text; }
+QLabel[role="request"] { border: 1px dashed @faint; border-radius: #4px; background: @field; }
+QLabel[role="request"]:focus { border: #2px solid @accent; }
+QLabel[role="error"] { color: @alarm; }
+QPushButton { background: @card; color: @accent; border: 1px solid @accent; border-radius: #5px; padding: 0px; }
+QPushButton:hover { background: @hover; }
+QPushButton:focus { border: #3px solid @accent; }
+QPushButton:pressed { background: @accent; color: @onAccent; }
+QPushButton:disabled { color: @disabledText; border: 1px solid @border; background: @card; }
+QPushButton[role="primary"] { background: @accent; color: @onAccent; }
+QPushButton[role="primary"]:focus { border: #3px solid @text; }
+QPushButton[role="primary"]:disabled { background: @card; color: @disabledText; border: 1px solid @border; }
+QLineEdit, QPlainTextEdit, QListWidget, QComboBox { background: @field; color: @text; border: 1px solid @border;
+    border-radius: #4px; padding: 0px #3px; selection-background-color: @accent; selection-color: @onAccent; }
+QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus, QComboBox:focus { border: #2px solid @accent; }
+QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; background: transparent; padding: 0px; }
+QComboBox::drop-down { border: none; width: #22px; }
+QComboBox QAbstractItemView { background: @field; color: @text; selection-background-color: @accent;
+    selection-color: @onAccent; }
+QLineEdit:disabled, QComboBox:disabled, QListWidget:disabled { color: @disabledText; background: @card; }
+QCheckBox, QRadioButton { color: @text; padding-left: #2px; spacing: #6px; border: #2px solid transparent;
+    border-radius: #4px; }
+QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
+QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
+QCheckBox::indicator, QRadioButton::indicator { width: #15px; height: #15px; }
+QTabBar { background: transparent; }
+QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; padding: 0px #14px;
+    border-top-left-radius: #6px; border-top-right-radius: #6px; margin-right: #3px; height: #24px; }
+QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card; border-top: #3px solid @accent;
+    height: #26px; }
+QTabBar::tab:focus { text-decoration: underline; color: @accent; }
+QProgressBar { background: @field; border: 1px solid @border; border-radius: #4px; text-align: center; color: @text; }
+QProgressBar::chunk { background: @chunk; border-radius: #3px; }
+QSlider { background: transparent; border: #2px solid transparent; border-radius: #4px; }
+QSlider:focus { border-color: @accent; }
+QSlider::groove:horizontal { height: #6px; background: @border; border-radius: #3px; }
+QSlider::sub-page:horizontal { background: @accent; border-radius: #3px; }
+QSlider::handle:horizontal { background: @text; width: #8px; margin: -#4px 0px; border-radius: #3px; }
+QSlider::sub-page:horizontal:disabled { background: @faint; }
+QSlider::handle:horizontal:disabled { background: transparent; }
+QScrollBar:vertical { background: transparent; width: #10px; }
+QScrollBar:horizontal { background: transparent; height: #10px; }
+QScrollBar::handle { background: @border; border-radius: #5px; min-height: #24px; min-width: #24px; }
+QScrollBar::add-line, QScrollBar::sub-line { height: 0px; width: 0px; }
+QMessageBox QLabel { font-size: #14px; }
+QMessageBox QPushButton { min-width: #96px; min-height: #32px; font-size: #14px; }
+QToolTip { background: @card; color: @text; border: 1px solid @border; }
 )";
 
-/// The sheet, with the colours' names in place of @name.
-QString sheet(const Colours& c) {
-    QString text(sheetText);
+/// #N as a length at the unit, a pixel at least.
+QString scaled(const QString& text, double unit) {
+    static const QRegularExpression length("#(\\d+)px");
+    QString result;
+    qsizetype from = 0;
+    for (auto matches = length.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += text.mid(from, match.capturedStart() - from);
+        result += QString("%1px").arg(std::max(1, qRound(match.captured(1).toInt() * unit)));
+        from = match.capturedEnd();
+    }
+    return result + text.mid(from);
+}
+
+QString sheet(const Colours& c, double unit) {
+    QString text = scaled(sheetText, unit);
     QColor chunk = c.accent;
     chunk.setAlpha(110);
     const std::pair<const char*, QString> names[] = {
@@ -152,12 +166,21 @@ QString sheet(const Colours& c) {
 
 const Colours& colours() { return inUse; }
 
+void setUnit(double unit) {
+    // Steps of an eighth: a new sheet costs too much for every pixel of a resize.
+    const double step = std::max(0.5, std::round(unit * 8) / 8);
+    static double current = 0;
+    if (step == current) return;
+    current = step;
+    qApp->setStyleSheet(sheet(inUse, step));
+}
+
 void apply(bool dark) {
     inUse = dark ? darkColours() : lightColours();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(paletteOf(inUse));
     QApplication::setFont(QFont(family("Inter", QFontDatabase::GeneralFont), 10));
-    qApp->setStyleSheet(sheet(inUse));
+    setUnit(1.0);
 }
 
 QFont font(const Look& wanted, double scale) {

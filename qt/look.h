@@ -21,6 +21,9 @@ const Colours& colours();
 /// Puts style, palette, fonts and style sheet on the application. `dark` chooses the scheme.
 void apply(bool dark);
 
+/// Pixels to which a length of one pixel in the sheet has grown with the main window.
+void setUnit(double unit);
+
 /// A control's font at `scale` pixels per twip.
 QFont font(const Look& wanted, double scale);
 

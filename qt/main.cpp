@@ -14,6 +14,7 @@
 #include "qt/boxes.h"
 #include "qt/desktopTheme.h"
 #include "qt/edge.h"
+#include "qt/emblem.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
 #include "qt/realTimers.h"
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Tavix");
     QApplication::setQuitOnLastWindowClosed(false);
     look::apply(desktopTheme::isDark());
+    QApplication::setWindowIcon(emblem::icon());
     host() = desktopHost();
     edge::onFault(boxes::showFault);
     std::random_device chance;

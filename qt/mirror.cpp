@@ -63,6 +63,7 @@ void show(Control& control, Property property) {
         case Property::Focus: face.widget->setFocus(); break;
         default: face.show(property);
     }
+    if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));
     if (&control == &frmTavix.txtSvD && property == Property::Text) {
         // The tables of the tests page share one size of font.
         faceOf.at(&frmTavix.lblBaseRates).rescale();

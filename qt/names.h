@@ -1,4 +1,4 @@
-// Names and descriptions of the widgets for people who do not see them, and the order of the Tab key.
+// Names and descriptions of the widgets for people who do not see them.
 #pragma once
 
 #include <QWidget>
@@ -9,5 +9,8 @@ namespace names {
 
 /// Gives the widget its object name, the control's full name, and its accessible name and description.
 void describe(QWidget& widget, const Control& control);
+
+/// What a screen reader says for a control now; a label that shows a value says its tag first.
+QString accessibleName(const Control& control);
 
 }  // namespace names
