@@ -43,6 +43,15 @@ void moveScrollBar(Control& bar, Int16 value) {
     run(bar.on.change);
 }
 
+/// An index that the list does not have faults with Invalid property value.
+std::size_t itemPlace(const Control& list, int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= list.items.size()) {
+        raiseFault(FaultNumber::InvalidPropertyValue,
+                   fullName(list) + " has no item " + std::to_string(index));
+    }
+    return static_cast<std::size_t>(index);
+}
+
 void keepInRange(Control& bar) {
     tellWatchers(bar, Property::Range);
     const Int16 kept = std::max(bar.min, std::min(bar.value, bar.max));
@@ -153,10 +162,11 @@ void addItem(Control& control, const std::string& item) {
 }
 
 void setItem(Control& control, int index, const std::string& item) {
-    put(control, control.items.at(static_cast<std::size_t>(index)), item, Property::Items);
+    put(control, control.items[itemPlace(control, index)], item, Property::Items);
 }
 
 void removeItem(Control& control, int index) {
+    itemPlace(control, index);
     control.items.erase(control.items.begin() + index);
     control.selected.erase(control.selected.begin() + index);
     tellWatchers(control, Property::Items);
@@ -175,17 +185,20 @@ int findItem(const Control& control, const std::string& text) {
 }
 
 void setListIndex(Control& comboBox, int index) {
-    setText(comboBox, comboBox.items.at(static_cast<std::size_t>(index)));
+    comboBox.text = comboBox.items[itemPlace(comboBox, index)];
+    comboBox.selStart = text::length(comboBox.text);
+    comboBox.selLength = 0;
+    tellWatchers(comboBox, Property::Text);
     run(comboBox.on.click);
 }
 
 void selectItems(Control& list, const std::vector<int>& indexes) {
     std::fill(list.selected.begin(), list.selected.end(), false);
-    for (const int index : indexes) list.selected.at(static_cast<std::size_t>(index)) = true;
+    for (const int index : indexes) list.selected[itemPlace(list, index)] = true;
     tellWatchers(list, Property::Selection);
 }
 
-bool isSelected(const Control& list, int index) { return list.selected.at(static_cast<std::size_t>(index)); }
+bool isSelected(const Control& list, int index) { return list.selected[itemPlace(list, index)]; }
 
 int firstSelected(const Control& list) {
     const auto found = std::find(list.selected.begin(), list.selected.end(), true);

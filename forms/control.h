@@ -171,7 +171,7 @@ void removeItem(Control& control, int index);
 void clearItems(Control& control);
 /// Index of the first item equal to `text`, case included; -1 if there is none.
 int findItem(const Control& control, const std::string& text);
-/// Puts the item's text into the combo box and runs its click handler.
+/// Takes an item of the combo box: its text, and the click handler. The change handler is for typing.
 void setListIndex(Control& comboBox, int index);
 /// Selects exactly these lines of a list.
 void selectItems(Control& list, const std::vector<int>& indexes);

@@ -9,10 +9,13 @@ namespace windows {
 
 namespace {
 
-std::vector<Control*>& modalForms() {
+/// What is modal, the latest last: forms, and a null for each message box.
+std::vector<Control*>& modals() {
     static std::vector<Control*> stack;
     return stack;
 }
+
+constexpr Control* messageBox = nullptr;
 
 const Control& rootOf(const Control& control) {
     const Control* at = &control;
@@ -35,9 +38,7 @@ bool takesFocus(Kind kind) {
 }
 
 void makeActive(Control& control) {
-    Control& form = formOf(control);
-    if (form.active == &control) return;
-    form.active = &control;
+    formOf(control).active = &control;
     tellWatchers(control, Property::Focus);
 }
 
@@ -71,22 +72,35 @@ void show(Control& form) {
 
 void showModal(Control& form) {
     form.modal = true;
-    modalForms().push_back(&form);
+    modals().push_back(&form);
     setVisible(form, true);
     focusFirst(form);
     host().waitWhile([&form] { return form.visible; });
-    std::erase(modalForms(), &form);
+    std::erase(modals(), &form);
     form.modal = false;
 }
 
 void hide(Control& form) {
-    std::erase(modalForms(), &form);
+    std::erase(modals(), &form);
     setVisible(form, false);
 }
 
-Control* topModal() { return modalForms().empty() ? nullptr : modalForms().back(); }
+void openBox() { modals().push_back(messageBox); }
 
-void reset() { modalForms().clear(); }
+void closeBox() {
+    const auto last = std::find(modals().rbegin(), modals().rend(), messageBox);
+    if (last != modals().rend()) modals().erase(std::next(last).base());
+}
+
+bool boxInFront() { return !modals().empty() && modals().back() == messageBox; }
+
+Control* topModal() {
+    const auto last = std::find_if(modals().rbegin(), modals().rend(),
+                                   [](const Control* modal) { return modal != messageBox; });
+    return last == modals().rend() ? nullptr : *last;
+}
+
+void reset() { modals().clear(); }
 
 void setFocus(Control& control) {
     if (!isUsable(control))
@@ -116,6 +130,7 @@ bool isUsable(const Control& control) {
 std::string refusal(const Control& control) {
     if (!isShown(control)) return fullName(control) + " is hidden";
     if (!isUsable(control)) return fullName(control) + " is disabled";
+    if (boxInFront()) return fullName(control) + " stands behind a message box";
     if (topModal() != nullptr && topModal() != &rootOf(control)) {
         return fullName(control) + " stands behind " + topModal()->form;
     }

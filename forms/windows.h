@@ -17,10 +17,17 @@ void showModal(Control& form);
 
 void hide(Control& form);
 
-/// The modal form on top, or none.
+/// A message box comes up, or has been answered: it stands before everything that was on show.
+void openBox();
+void closeBox();
+
+/// Whether a message box is what stands in front.
+bool boxInFront();
+
+/// The modal form in front, or none: a message box in front of it does not count.
 Control* topModal();
 
-/// Forgets which forms are modal, for a run that begins anew.
+/// Forgets what is modal, for a run that begins anew.
 void reset();
 
 /// Gives the focus to a control. One that is hidden or disabled faults (Invalid procedure call).

@@ -10,6 +10,7 @@
 
 #include "forms/person.h"
 #include "forms/registry.h"
+#include "forms/windows.h"
 #include "headless/commandLine.h"
 #include "headless/openBoxes.h"
 #include "headless/properties.h"
@@ -36,13 +37,6 @@ Control& controlNamed(const std::string& name) {
     Control* control = registry::find(name);
     if (control == nullptr) throw Refused{"there is no control " + name};
     return *control;
-}
-
-/// The control, for a person to act on: nothing behind a message box can be reached.
-Control& reachable(const std::string& name) {
-    Control& control = controlNamed(name);
-    if (openBoxes::newest() != nullptr) throw Refused{name + " stands behind a message box"};
-    return control;
 }
 
 int wholeNumber(const std::string& text) {
@@ -98,6 +92,7 @@ void printBox() {
 void pressAnswer(const std::string& button) {
     const openBoxes::OpenBox* open = openBoxes::newest();
     if (open == nullptr) throw Refused{"no message box is on show"};
+    if (!windows::boxInFront()) throw Refused{"the message box stands behind " + windows::topModal()->form};
     const std::vector<std::string> buttons = openBoxes::buttonsOf(open->box);
     if (std::find(buttons.begin(), buttons.end(), button) == buttons.end()) {
         throw Refused{fmt::format("the message box \"{}\" has no button {}", open->box.text, button)};
@@ -189,31 +184,33 @@ struct Command {
 const std::map<std::string, Command>& table() {
     using Line = const CommandLine&;
     static const std::map<std::string, Command> commands{
-        {"click", {1, "CONTROL", [](Line l) { acting.press(reachable(l.arguments[0])); }}},
-        {"dblclick", {1, "CONTROL", [](Line l) { acting.doublePress(reachable(l.arguments[0])); }}},
-        {"type", {2, "CONTROL TEXT", [](Line l) { acting.type(reachable(l.arguments[0]), l.lastOf(2)); }}},
-        {"paste", {2, "CONTROL TEXT", [](Line l) { acting.paste(reachable(l.arguments[0]), l.lastOf(2)); }}},
+        {"click", {1, "CONTROL", [](Line l) { acting.press(controlNamed(l.arguments[0])); }}},
+        {"dblclick", {1, "CONTROL", [](Line l) { acting.doublePress(controlNamed(l.arguments[0])); }}},
+        {"type", {2, "CONTROL TEXT", [](Line l) { acting.type(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
+        {"paste",
+         {2, "CONTROL TEXT", [](Line l) { acting.paste(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
         {"key",
          {2, "CONTROL CODE",
-          [](Line l) { acting.key(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+          [](Line l) { acting.key(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
         {"choose",
-         {2, "CONTROL TEXT", [](Line l) { acting.choose(reachable(l.arguments[0]), l.lastOf(2)); }}},
+         {2, "CONTROL TEXT", [](Line l) { acting.choose(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
         {"slide",
          {2, "CONTROL VALUE",
-          [](Line l) { acting.slide(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
-        {"tick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), true); }}},
-        {"untick", {1, "CONTROL", [](Line l) { acting.tick(reachable(l.arguments[0]), false); }}},
+          [](Line l) { acting.slide(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+        {"tick", {1, "CONTROL", [](Line l) { acting.tick(controlNamed(l.arguments[0]), true); }}},
+        {"untick", {1, "CONTROL", [](Line l) { acting.tick(controlNamed(l.arguments[0]), false); }}},
         {"mark",
          {3, "CONTROL START LENGTH",
           [](Line l) {
-              acting.mark(reachable(l.arguments[0]), wholeNumber(l.arguments[1]),
+              acting.mark(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1]),
                           wholeNumber(l.arguments[2]));
           }}},
         {"pick",
-         {1, "CONTROL LINE...", [](Line l) { acting.pick(reachable(l.arguments[0]), wholeNumbers(l, 1)); }}},
+         {1, "CONTROL LINE...",
+          [](Line l) { acting.pick(controlNamed(l.arguments[0]), wholeNumbers(l, 1)); }}},
         {"tab",
          {2, "CONTROL PAGE",
-          [](Line l) { acting.turnTo(reachable(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+          [](Line l) { acting.turnTo(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
         {"answer", {1, "BUTTON", [](Line l) { pressAnswer(l.arguments[0]); }}},
         {"close", {1, "FORM", [](Line l) { acting.close(controlNamed(l.arguments[0])); }}},
         {"wait",

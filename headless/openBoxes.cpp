@@ -1,5 +1,7 @@
 #include "headless/openBoxes.h"
 
+#include "forms/windows.h"
+
 namespace openBoxes {
 
 namespace {
@@ -11,13 +13,17 @@ std::vector<OpenBox>& boxes() {
 
 }  // namespace
 
-void open(const MessageBox& box) { boxes().push_back({box, std::nullopt}); }
+void open(const MessageBox& box) {
+    boxes().push_back({box, std::nullopt});
+    windows::openBox();
+}
 
 OpenBox* newest() { return boxes().empty() ? nullptr : &boxes().back(); }
 
 Answer close() {
     const Answer answer = boxes().back().answer.value();
     boxes().pop_back();
+    windows::closeBox();
     return answer;
 }
 

@@ -2,47 +2,75 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <memory>
+#include <optional>
+#include <vector>
 
+#include "forms/frmTavix.h"
+#include "forms/windows.h"
 #include "qt/faces.h"
+#include "qt/formWindow.h"
 
 namespace boxes {
 
+namespace {
+
+std::vector<QMessageBox*> onShow;
+
 QMessageBox* make(const MessageBox& box) {
-    auto* widget = new QMessageBox(QApplication::activeWindow());
+    auto* widget = new QMessageBox(formWindow::of(frmTavix.form));
     widget->setTextFormat(Qt::PlainText);
     widget->setWindowTitle(box.title.empty() ? QStringLiteral("Tavix") : faces::toQt(box.title));
     widget->setText(faces::toQt(box.text));
     widget->setIcon(box.icon == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon);
+    widget->setModal(false);
     if (box.buttons == Buttons::Ok) {
         widget->setStandardButtons(QMessageBox::Ok);
     } else {
         widget->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         widget->setEscapeButton(QMessageBox::No);
     }
-    for (QAbstractButton* button : widget->buttons()) button->setMinimumSize(96, 34);
     return widget;
 }
 
-Answer answerOf(const QMessageBox& widget, const MessageBox& box) {
-    if (box.buttons == Buttons::Ok) return Answer::Ok;
+Answer answerOf(const QMessageBox& widget, Buttons buttons) {
+    if (buttons == Buttons::Ok) return Answer::Ok;
     const QAbstractButton* pressed = widget.clickedButton();
-    return pressed != nullptr &&
-                   widget.standardButton(const_cast<QAbstractButton*>(pressed)) == QMessageBox::Yes
-               ? Answer::Yes
-               : Answer::No;
+    return pressed != nullptr && pressed == widget.button(QMessageBox::Yes) ? Answer::Yes : Answer::No;
 }
 
+}  // namespace
+
+QMessageBox* open(const MessageBox& box, const std::function<void(Answer)>& answered) {
+    QMessageBox* widget = make(box);
+    onShow.push_back(widget);
+    QObject::connect(widget, &QMessageBox::finished, widget, [widget, answered, buttons = box.buttons](int) {
+        std::erase(onShow, widget);
+        widget->deleteLater();
+        answered(answerOf(*widget, buttons));
+    });
+    widget->show();
+    widget->activateWindow();
+    return widget;
+}
+
+QMessageBox* newest() { return onShow.empty() ? nullptr : onShow.back(); }
+
 Answer show(const MessageBox& box) {
-    const std::unique_ptr<QMessageBox> widget(make(box));
-    widget->exec();
-    return answerOf(*widget, box);
+    std::optional<Answer> given;
+    windows::openBox();
+    open(box, [&given](Answer answer) { given = answer; });
+    host().waitWhile([&given] { return !given.has_value(); });
+    windows::closeBox();
+    return *given;
 }
 
 void showFault(const Fault& fault) {
-    const std::unique_ptr<QMessageBox> widget(make({faultReport(fault), "Tavix", Buttons::Ok, Icon::None}));
-    widget->setIcon(QMessageBox::Critical);
-    widget->exec();
+    bool read = false;
+    windows::openBox();
+    open({faultReport(fault), "Tavix", Buttons::Ok, Icon::None}, [&read](Answer) {
+        read = true;
+    })->setIcon(QMessageBox::Critical);
+    host().waitWhile([&read] { return !read; });
 }
 
 }  // namespace boxes

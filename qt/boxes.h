@@ -1,24 +1,26 @@
-// Message boxes of the desktop.
+// Message boxes of the desktop. Like the forms they are modal by the program's own rule: what came last takes
+// the input.
 #pragma once
 
 #include <QMessageBox>
+#include <functional>
 
 #include "platform/fault.h"
 #include "platform/host.h"
 
 namespace boxes {
 
-/// The box as a widget over the active window, not yet on show. Without a title it has the program's name.
-QMessageBox* make(const MessageBox& box);
+/// Shows the box over all windows; `answered` is told once. Without a title it has the program's name. A box
+/// that is closed without a button counts as No, or as OK where that is the only button.
+QMessageBox* open(const MessageBox& box, const std::function<void(Answer)>& answered);
 
-/// The answer that a pressed button stands for; a box that is closed without one counts as No, or as OK
-/// where that is the only button.
-Answer answerOf(const QMessageBox& widget, const MessageBox& box);
+/// The newest box on show, or none.
+QMessageBox* newest();
 
 /// Shows a box and waits for its answer.
 Answer show(const MessageBox& box);
 
-/// Reports a run-time fault.
+/// Reports a run-time fault and waits until it has been read.
 void showFault(const Fault& fault);
 
 }  // namespace boxes

@@ -14,7 +14,11 @@ std::function<void(const Fault&)>& reporter() {
     return function;
 }
 
+/// The program is over: while the fault is on show, timers and other events find nothing to run.
+bool stopped = false;
+
 void stop(const Fault& fault) {
+    stopped = true;
     if (reporter()) reporter()(fault);
     endProgram(faultExitStatus);
 }
@@ -24,7 +28,7 @@ void stop(const Fault& fault) {
 void onFault(std::function<void(const Fault&)> report) { reporter() = std::move(report); }
 
 void run(const std::function<void()>& handler) {
-    if (!handler) return;
+    if (!handler || stopped) return;
     try {
         handler();
     } catch (const Fault& fault) {

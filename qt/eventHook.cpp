@@ -1,5 +1,6 @@
 #include "qt/eventHook.h"
 
+#include <QApplication>
 #include <utility>
 
 namespace {
@@ -7,18 +8,24 @@ namespace {
 /// The toolkit wants an object here; it only passes the event on.
 class EventHook : public QObject {
 public:
-    EventHook(QObject* watched, EventSight watcher) : QObject(watched), sight(std::move(watcher)) {}
+    using Sight = std::function<bool(QObject*, QEvent*)>;
+    EventHook(QObject* watched, Sight watcher) : QObject(watched), sight(std::move(watcher)) {}
 
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override { return sight(event); }
+    bool eventFilter(QObject* watched, QEvent* event) override { return sight(watched, event); }
 
 private:
-    EventSight sight;
+    Sight sight;
 };
 
 }  // namespace
 
 void hookEvents(QObject* object, EventSight sight) {
-    object->installEventFilter(new EventHook(object, std::move(sight)));
+    object->installEventFilter(
+        new EventHook(object, [sight = std::move(sight)](QObject*, QEvent* event) { return sight(event); }));
+}
+
+void hookAllEvents(std::function<bool(QObject*, QEvent*)> sight) {
+    qApp->installEventFilter(new EventHook(qApp, std::move(sight)));
 }
 
 void hookPainting(QWidget* widget, std::function<void(QWidget*)> paint) {

@@ -9,5 +9,8 @@
 using EventSight = std::function<bool(QEvent*)>;
 void hookEvents(QObject* object, EventSight sight);
 
+/// Sees every event of every object of the program.
+void hookAllEvents(std::function<bool(QObject*, QEvent*)> sight);
+
 /// Paints the widget with `paint` instead of its own painting.
 void hookPainting(QWidget* widget, std::function<void(QWidget*)> paint);

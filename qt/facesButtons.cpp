@@ -19,6 +19,7 @@ constexpr int padding = 12;  // pixels at both sides together, the frame include
 void setButtonText(QPushButton& button, const Control& control) {
     const QSize room(button.width() - padding, button.height() - padding / 2);
     QFont font = look::font(control.look, geometry::scaleOf(control));
+    font.setStyleStrategy(QFont::PreferNoShaping);  // "==>" as it is written and not as an arrow
     const QString caption = toQt(control.caption);
     const QString bare = QString(caption).remove('&');
     const QString broken = geometry::brokenInTwo(bare, font, room.width());

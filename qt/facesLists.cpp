@@ -99,8 +99,11 @@ Face listBox(Control& control, QWidget* parent) {
     // A press on the line that is selected already counts as well.
     QObject::connect(list, &QListWidget::itemClicked, list,
                      [list, &control] { takeSelection(*list, control); });
-    QObject::connect(list, &QListWidget::itemDoubleClicked, list,
-                     [&control](QListWidgetItem*) { edge::run(control.on.doubleClick); });
+    // Wherever in the list: without a selected line the handler goes by what stands elsewhere.
+    hookEvents(list->viewport(), [&control](QEvent* event) {
+        if (event->type() == QEvent::MouseButtonDblClick) edge::run(control.on.doubleClick);
+        return event->type() == QEvent::MouseButtonDblClick;
+    });
     const auto fill = [list, &control] {
         showLines(*list, control);
         showSelection(*list, control);

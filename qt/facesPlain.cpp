@@ -17,7 +17,7 @@ namespace faces {
 
 namespace {
 
-constexpr Look frameTitle{180};
+constexpr Look frameTitle{165};
 
 int alignmentOf(const Control& control) {
     switch (control.look.align) {

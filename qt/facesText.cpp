@@ -187,10 +187,12 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setCompleter(nullptr);  // a completion would be a change that nobody typed
     box->setMaxVisibleItems(12);
     QWidget* arrow = makeArrow(box);
-    QObject::connect(box, &QComboBox::editTextChanged, box, [box, &control](const QString& typed) {
+    QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box, [box, &control](const QString& typed) {
         takeText(control, typed, box->lineEdit()->cursorPosition());
     });
-    QObject::connect(box, &QComboBox::activated, box, [&control](int) { edge::run(control.on.click); });
+    QObject::connect(box, &QComboBox::activated, box, [&control](int index) {
+        if (!isShowing()) edge::run([&] { setListIndex(control, index); });
+    });
     hookKeys(box->lineEdit(), control);
     hookKeys(box, control);
     return {box,

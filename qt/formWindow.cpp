@@ -95,7 +95,7 @@ Qt::WindowFlags flagsOf(const Control& form) {
     return flags;
 }
 
-/// Dialogs stand over the main screen, at its scale and with a size that is fixed.
+/// Dialogs stand in the middle of the screen, at the scale of the main window and with a size that is fixed.
 void openDialog(const Control& form, QWidget& widget) {
     const QWidget& main = *windows.at(&frmTavix.form).widget;
     const QRect screen = screenOf(main);
@@ -104,10 +104,8 @@ void openDialog(const Control& form, QWidget& widget) {
     widget.setFixedSize(sizeAt(form, scale));
     fitContent(form);
     QRect place(QPoint(0, 0), widget.size());
-    place.moveCenter(main.isVisible() ? main.geometry().center() : screen.center());
-    place.moveTop(std::max(place.top(), screen.top()));
+    place.moveCenter(screen.center());
     widget.move(place.topLeft());
-    widget.setWindowModality(form.modal ? Qt::ApplicationModal : Qt::NonModal);
 }
 
 }  // namespace

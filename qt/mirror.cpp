@@ -10,6 +10,7 @@
 #include "qt/faces.h"
 #include "qt/formWindow.h"
 #include "qt/geometry.h"
+#include "qt/modality.h"
 #include "qt/names.h"
 
 namespace mirror {
@@ -122,6 +123,7 @@ void build() {
         showAll(*form);
     }
     watchControls(onChange);
+    modality::enforce();
     QObject::connect(qApp, &QApplication::focusChanged, qApp, takeFocus);
 }
 

@@ -69,8 +69,9 @@ RecordSet RecordSet::open(engine::Connection& database, const std::string& sourc
         set.rows = std::move(rows.rows);
         set.loaded = true;
     } else {
-        engine::lock(database);
+        // The lock last: a statement that is refused must leave the file free while a box asks what to do.
         set.columns = engine::columnsOf(database, set.source);
+        engine::lock(database);
     }
     return set;
 }

@@ -22,14 +22,8 @@
 namespace {
 
 Answer showBox(const Host& scripted, const MessageBox& box) {
-    const std::unique_ptr<QMessageBox> widget(boxes::make(box));
-    QObject::connect(widget.get(), &QMessageBox::buttonClicked, widget.get(),
-                     [&widget, &box] { player::answerBox(boxes::answerOf(*widget, box)); });
-    widgetPerson::pushBox(widget.get());
-    widget->open();
-    const Answer answer = scripted.messageBox(box);
-    widgetPerson::popBox();
-    return answer;
+    boxes::open(box, player::answerBox);
+    return scripted.messageBox(box);
 }
 
 Host twinHost() {

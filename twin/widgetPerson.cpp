@@ -16,6 +16,7 @@
 #include "forms/person.h"
 #include "forms/windows.h"
 #include "platform/text.h"
+#include "qt/boxes.h"
 #include "qt/faces.h"
 #include "qt/mirror.h"
 #include "twin/screenPicture.h"
@@ -23,8 +24,6 @@
 namespace widgetPerson {
 
 namespace {
-
-std::vector<QMessageBox*> messageBoxes;
 
 void settle() { QCoreApplication::processEvents(); }
 
@@ -53,6 +52,7 @@ QWidget* reach(Control& control) {
     turnToPageOf(control);
     QWidget* widget = mirror::widgetOf(control);
     widget->window()->activateWindow();
+    settle();
     return widget;
 }
 
@@ -94,9 +94,9 @@ void doublePress(Control& control) {
     QWidget* target = widget;
     QPoint at(10, widget->height() / 2);
     if (auto* list = qobject_cast<QListWidget*>(widget)) {
-        if (list->selectedItems().isEmpty()) return;
         target = list->viewport();
-        at = list->visualItemRect(list->selectedItems().first()).center();
+        at = list->selectedItems().isEmpty() ? target->rect().bottomLeft() + QPoint(8, -8)
+                                             : list->visualItemRect(list->selectedItems().first()).center();
     }
     QTest::mouseDClick(target, Qt::LeftButton, {}, at);
     settle();
@@ -261,7 +261,7 @@ void close(Control& form) {
 }
 
 void answer(Answer wanted) {
-    QMessageBox* box = messageBoxes.back();
+    const QMessageBox* box = boxes::newest();
     const QMessageBox::StandardButton button = wanted == Answer::Yes  ? QMessageBox::Yes
                                                : wanted == Answer::No ? QMessageBox::No
                                                                       : QMessageBox::Ok;
@@ -287,8 +287,5 @@ ActingPerson make() {
             .answer = answer,
             .picture = screenPicture::write};
 }
-
-void pushBox(QMessageBox* box) { messageBoxes.push_back(box); }
-void popBox() { messageBoxes.pop_back(); }
 
 }  // namespace widgetPerson
