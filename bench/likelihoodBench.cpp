@@ -20,7 +20,7 @@ void buildTable(benchmark::State& state) {
     };
     trialState.baseRates.add(row(10));
     for (int i = 0; i < state.range(0); ++i) trialState.diseaseSymptom.add(row(7 * i));
-    for (auto _ : state) modLikely::buildLikelihoodTable();
+    for ([[maybe_unused]] auto _ : state) modLikely::buildLikelihoodTable();
     state.counters["rows"] = trialState.likelihoodRows;
 }
 

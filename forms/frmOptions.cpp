@@ -39,7 +39,7 @@ void designMeter(float top, Control& title, const char* titleName, const char* t
 
 void designTime() {
     FrmOptions& f = frmOptions;
-    design::place({&f.form}, f.fraTime, Kind::Frame, "fraTime", {120, 120, 10440, 1800}, "Time Parameters");
+    design::place({&f.form}, f.fraTime, Kind::Frame, "fraTime", {120, 120, 12480, 1800}, "Time Parameters");
     designMeter(330, f.lblLengthTitle, "lblLengthTitle", "Actual Time Per Patient", f.hsbLength, "hsbLength",
                 30, f.lblLengthMin, "lblLengthMin", f.lblLengthMax, "lblLengthMax", f.lblLength, "lblLength",
                 f.lblMinutes, "lblMinutes", "minute(s)");
@@ -47,15 +47,15 @@ void designTime() {
                 f.lblHoursMin, "lblHoursMin", f.lblHoursMax, "lblHoursMax", f.lblRate, "lblRate",
                 f.lblHourUnits, "lblHourUnits", "hour(s)");
     const design::Container in{&f.fraTime};
-    design::label(in, f.lblStartTime, "lblStartTime", {6000, 420, 1500, 255}, "Starting Time:");
-    design::place(in, f.txtTime[0], Kind::TextBox, "txtTime", {7500, 345, 600, 405}, "01", 0);
-    design::label(in, f.lblColon, "lblColon", {8145, 420, 120, 255}, ":");
-    design::place(in, f.txtTime[1], Kind::TextBox, "txtTime", {8310, 345, 600, 405}, "00", 1);
+    design::label(in, f.lblStartTime, "lblStartTime", {7500, 420, 1500, 255}, "Starting Time:");
+    design::place(in, f.txtTime[0], Kind::TextBox, "txtTime", {9000, 345, 600, 405}, "01", 0);
+    design::label(in, f.lblColon, "lblColon", {9645, 420, 120, 255}, ":");
+    design::place(in, f.txtTime[1], Kind::TextBox, "txtTime", {9810, 345, 600, 405}, "00", 1);
 }
 
 void designScoring() {
     FrmOptions& f = frmOptions;
-    design::place({&f.fraSettings}, f.fraScoring, Kind::Frame, "fraScoring", {150, 300, 5025, 3000},
+    design::place({&f.fraSettings}, f.fraScoring, Kind::Frame, "fraScoring", {150, 300, 4875, 3000},
                   "Scoring");
     struct Row {
         Control* label;
@@ -77,8 +77,8 @@ void designScoring() {
     };
     float top = 315;
     for (const Row& row : rows) {
-        design::label({&f.fraScoring}, *row.label, row.labelName, {150, top + 60, 3525, 255}, row.caption);
-        design::place({&f.fraScoring}, *row.box, Kind::TextBox, row.boxName, {3750, top, 1125, 375},
+        design::label({&f.fraScoring}, *row.label, row.labelName, {150, top + 60, 3450, 255}, row.caption);
+        design::place({&f.fraScoring}, *row.box, Kind::TextBox, row.boxName, {3660, top, 1065, 375},
                       row.text);
         top += 435;
     }
@@ -94,37 +94,37 @@ void frameOfTicks(Control& frame, const char* name, const Box& box, const char* 
 
 void designFrmOptions() {
     FrmOptions& f = frmOptions;
-    design::form(f.form, "frmOptions", "Options", 10680, 9300);
+    design::form(f.form, "frmOptions", "Options", 12720, 7620);
     designTime();
-    design::place({&f.form}, f.fraSettings, Kind::Frame, "fraSettings", {120, 2040, 10440, 6420},
+    design::place({&f.form}, f.fraSettings, Kind::Frame, "fraSettings", {120, 2040, 12480, 4800},
                   "Experiment");
     designScoring();
-    frameOfTicks(f.fraPatients, "fraPatients", {150, 3450, 5025, 1155}, "Patients",
+    frameOfTicks(f.fraPatients, "fraPatients", {150, 3450, 4875, 1200}, "Patients",
                  {{&f.chkCycle, "chkCycle", "Cycle Patient Data"},
                   {&f.chkOptionsFrequency, "chkOptionsFrequency", "Show options after each patient"}});
-    frameOfTicks(f.fraDiagnosis, "fraDiagnosis", {5325, 300, 4965, 2655}, "Diagnosis",
+    frameOfTicks(f.fraDiagnosis, "fraDiagnosis", {5175, 300, 3525, 2685}, "Diagnosis",
                  {{&f.chkForce, "chkForce", "Force hypothesis after test"},
                   {&f.chkStopTime, "chkStopTime", "Stop time during diagnosis"},
                   {&f.chkDiagnoseAll, "chkDiagnoseAll", "Diagnose all diseases"},
                   {&f.chkInitToBaseRates, "chkInitToBaseRates", "Init to Base Rates"},
                   {&f.chkYoke, "chkYoke", "Yoke belief meters"},
                   {&f.chkNormalize, "chkNormalize", "Normalize Beliefs"}});
-    frameOfTicks(f.Frame1, "Frame1", {5325, 3105, 4965, 2655}, "Feedback",
+    frameOfTicks(f.Frame1, "Frame1", {8850, 300, 3480, 2685}, "Feedback",
                  {{&f.chkFeedbackSymptom, "chkFeedbackSymptom", "Symptom Probabilities"},
                   {&f.chkFeedbackTests, "chkFeedbackTests", "All Test Results"},
                   {&f.chkDiseaseProbability, "chkDiseaseProbability", "Disease Probabilities"},
                   {&f.chkUseNormalize, "chkUseNormalize", "Use Normalize Scoring"},
                   {&f.chkShowNormalize, "chkShowNormalize", "Show Normalized Scoring"},
                   {&f.chkBestTreatment, "chkBestTreatment", "Best Treatment"}});
-    frameOfTicks(f.fraExperimentDepth, "fraExperimentDepth", {150, 4755, 2430, 1515}, "Treatments",
+    frameOfTicks(f.fraExperimentDepth, "fraExperimentDepth", {5175, 3135, 3525, 1515}, "Treatments",
                  {{&f.chkTreatments, "chkTreatments", "Do Treatments"},
                   {&f.chkRisk, "chkRisk", "Apply Risk Factor"},
                   {&f.chkOneTreatment, "chkOneTreatment", "Only Allow One Treatment"}});
-    frameOfTicks(f.fraTables, "fraTables", {2745, 4755, 2430, 1515}, "Viewable Information",
+    frameOfTicks(f.fraTables, "fraTables", {8850, 3135, 3480, 1515}, "Viewable Information",
                  {{&f.chkBaseRates, "chkBaseRates", "Disease Base Rates"},
                   {&f.chkSVD, "chkSVD", "Symptom to Disease Table"},
                   {&f.chkTreatmentTable, "chkTreatmentTable", "Treatment to Disease Table"}});
-    design::button({&f.form}, f.cmdStart, "cmdStart", {8625, 8610, 1935, 525}, "Start").look.primary = true;
+    design::button({&f.form}, f.cmdStart, "cmdStart", {10665, 6960, 1935, 525}, "Start").look.primary = true;
     f.isLoaded = false;
     design::finish(f.form);
 }

@@ -25,7 +25,7 @@ void designStatusLine(FrmTavix& f) {
     design::place({&f.form}, f.fraStatus, Kind::Frame, "fraStatus", {120, 0, 7575, 855}).visible = false;
     const Container in{&f.fraStatus};
     label(in, f.tagPatient, "tagPatient", {120, 60, 2700, 225}, "Name:").look = tagText;
-    label(in, f.lblPatientName, "lblPatientName", {120, 300, 2700, 480}).look = nameValue;
+    label(in, f.lblPatientName, "lblPatientName", {120, 300, 2655, 480}).look = nameValue;
     label(in, f.tagScore, "tagScore", {2940, 60, 1500, 225}, "Score:").look = tagText;
     label(in, f.lblScore, "lblScore", {2940, 300, 1560, 480}, "2000").look = bigValue;
     label(in, f.tagClock, "tagClock", {4620, 60, 1350, 225}, "Time:").look = tagText;

@@ -8,8 +8,8 @@
 
 namespace virtualTime {
 
-/// Begins at millisecond 0 with the date and time of `text` ("2026-01-05 09:30:00") and watches the timers of the
-/// forms. False if the text is no date and time.
+/// Begins at millisecond 0 with the date and time of `text` ("2026-01-05 09:30:00") and watches the timers of
+/// the forms. False if the text is no date and time.
 bool begin(const std::string& text);
 
 std::uint32_t milliseconds();

@@ -70,7 +70,7 @@ TEST_F(Case, EveryOrderOfWordsIsDealtAlikeOften) {
         ++seen[words.items];
     }
     EXPECT_EQ(seen.size(), 24U);
-    for (const auto& [order, count] : seen) EXPECT_NEAR(count, deals / 24, 7 * std::sqrt(deals / 24.0));
+    for (const auto& [order, count] : seen) EXPECT_NEAR(count, deals / 24.0, 7 * std::sqrt(deals / 24.0));
 }
 
 TEST_F(Case, TableTexts) {

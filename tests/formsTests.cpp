@@ -85,11 +85,12 @@ TEST_F(Forms, OptionButtonsAndComboBoxesBehaveLikeThemselves) {
     combo.on.click = [&] { ++clicks; };
     addItem(combo, "Aavo");
     EXPECT_EQ(combo.text, "Unknown");
+    // An item that is taken is a click; only text that goes otherwise is a change.
     setListIndex(combo, 0);
     EXPECT_EQ(combo.text, "Aavo");
     clearItems(combo);
     EXPECT_EQ(combo.text, "");
-    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(changes, 1);
     EXPECT_EQ(clicks, 1);
 }
 

@@ -234,7 +234,8 @@ std::vector<std::string> create(const std::string& folder, const std::string& fi
     std::error_code failed;
     if (fs::exists(file, failed) && !force) return {file + " exists already; --force replaces it"};
     const fs::path target = fs::absolute(file, failed).parent_path();
-    if (!fs::is_directory(target, failed)) return {fmt::format("{}: there is no folder {}", file, target.string())};
+    if (!fs::is_directory(target, failed))
+        return {fmt::format("{}: there is no folder {}", file, target.string())};
     const Import import = readFolder(folder);
     if (!import.problems.empty()) return import.problems;
     // Written beside the target and moved over it when complete, so that a broken attempt leaves no half

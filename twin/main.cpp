@@ -6,7 +6,6 @@
 #include <fstream>
 #include <iostream>
 
-#include "forms/frmTavix.h"
 #include "headless/player.h"
 #include "platform/fault.h"
 #include "platform/files.h"
@@ -17,6 +16,7 @@
 #include "qt/mirror.h"
 #include "screens/wiring.h"
 #include "trial/run.h"
+#include "twin/screenPicture.h"
 #include "twin/widgetPerson.h"
 
 namespace {
@@ -48,13 +48,13 @@ int main(int argc, char** argv) {
     player::Options options{files::folderOfProgram(), "2026-01-05 09:30:00"};
     std::uint64_t seed = 1;
     std::string scriptFile;
+    std::string splashPicture;
     bool dark = false;
-    int width = 0;
     app.add_option("--folder", options.folder, "the program's folder, with data and Patients in it");
     app.add_option("--seed", seed, "first state of the random source");
     app.add_option("--now", options.now, "date and time at the start");
     app.add_flag("--dark", dark, "dark windows");
-    app.add_option("--width", width, "width of the main window in pixels");
+    app.add_option("--splash", splashPicture, "draw the splash into this file");
     app.add_option("SCRIPT", scriptFile, "the script; without it standard input is read");
     CLI11_PARSE(app, argc, argv);
 
@@ -73,16 +73,15 @@ int main(int argc, char** argv) {
         return 1;
     }
     host() = twinHost();
+    host().yield = [splashPicture]() mutable {
+        if (!splashPicture.empty()) screenPicture::write(splashPicture);
+        splashPicture.clear();
+    };
     edge::onFault([](const Fault& fault) {
         std::cout.flush();
         std::cerr << faultReport(fault) << std::endl;
     });
     mirror::build();
-    if (width > 0) {
-        const Box& box = frmTavix.form.box;
-        mirror::widgetOf(frmTavix.form)
-            ->resize(width, qRound(box.height * static_cast<float>(width) / box.width));
-    }
     edge::run(play);
     return 0;
 }
