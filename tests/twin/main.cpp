@@ -15,9 +15,9 @@
 #include "qt/look.h"
 #include "qt/mirror.h"
 #include "screens/wiring.h"
+#include "tests/twin/screenPicture.h"
+#include "tests/twin/widgetPerson.h"
 #include "trial/run.h"
-#include "twin/screenPicture.h"
-#include "twin/widgetPerson.h"
 
 namespace {
 

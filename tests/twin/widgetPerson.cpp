@@ -1,4 +1,4 @@
-#include "twin/widgetPerson.h"
+#include "tests/twin/widgetPerson.h"
 
 #define QTEST_QPA_MOUSE_HANDLING  // events take the platform's way, past modal windows and hit tests
 #include <QAbstractButton>
@@ -19,7 +19,7 @@
 #include "qt/boxes.h"
 #include "qt/faces.h"
 #include "qt/mirror.h"
-#include "twin/screenPicture.h"
+#include "tests/twin/screenPicture.h"
 
 namespace widgetPerson {
 

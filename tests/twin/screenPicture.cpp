@@ -1,4 +1,4 @@
-#include "twin/screenPicture.h"
+#include "tests/twin/screenPicture.h"
 
 #include <QApplication>
 #include <QPainter>
