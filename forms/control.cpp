@@ -24,15 +24,6 @@ void put(Control& control, T& field, const T& value, Property property) {
     tellWatchers(control, property);
 }
 
-void putText(Control& control, const std::string& text, int cursor) {
-    if (control.text == text) return;
-    control.text = text;
-    control.selStart = cursor;
-    control.selLength = 0;
-    tellWatchers(control, Property::Text);
-    run(control.on.change);
-}
-
 void moveScrollBar(Control& bar, Int16 value) {
     if (value < bar.min || value > bar.max) {
         raiseFault(FaultNumber::InvalidPropertyValue, fullName(bar));
@@ -108,7 +99,16 @@ void setPicture(Control& picture, const std::string& path) {
     put(picture, picture.text, path, Property::Text);
 }
 
-void setText(Control& control, const std::string& text) { putText(control, text, text::length(text)); }
+void setTextTyped(Control& control, const std::string& text, int cursor) {
+    if (control.text == text) return;
+    control.text = text;
+    control.selStart = cursor;
+    control.selLength = 0;
+    tellWatchers(control, Property::Text);
+    run(control.on.change);
+}
+
+void setText(Control& control, const std::string& text) { setTextTyped(control, text, text::length(text)); }
 
 void select(Control& textBox, int start, int length) {
     const int whole = text::length(textBox.text);
@@ -126,7 +126,7 @@ std::string selectedText(const Control& textBox) {
 void replaceSelection(Control& control, const std::string& text) {
     const std::string before = text::left(control.text, control.selStart);
     const std::string after = text::mid(control.text, control.selStart + control.selLength);
-    putText(control, before + text + after, control.selStart + text::length(text));
+    setTextTyped(control, before + text + after, control.selStart + text::length(text));
 }
 
 void setValue(Control& control, Int16 value) {

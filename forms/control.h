@@ -143,6 +143,8 @@ void setPicture(Control& picture, const std::string& path);
 
 /// Text of a text or combo box; runs its change handler. The cursor goes to the end of the text.
 void setText(Control& control, const std::string& text);
+/// The same with the cursor where the person has it, in characters.
+void setTextTyped(Control& control, const std::string& text, int cursor);
 
 /// Selection in a text box, in characters; what lies outside the text is cut.
 void select(Control& textBox, int start, int length);

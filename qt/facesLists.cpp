@@ -156,6 +156,8 @@ Face tabs(Control& control, QWidget* parent) {
     Pages pages{new QTabBar(whole), {}};
     pages.bar->setDrawBase(false);
     pages.bar->setExpanding(false);
+    pages.bar->setUsesScrollButtons(false);
+    whole->setFocusProxy(pages.bar);
     for (const std::string& caption : control.items) {
         pages.bar->addTab(toQt(caption));
         auto* page = new QWidget(whole);

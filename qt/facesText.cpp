@@ -43,9 +43,7 @@ void takeText(Control& control, const QString& widgetText, int cursor) {
     if (isShowing()) return;
     edge::run([&] {
         const std::string typed = recordText(control, widgetText);
-        if (typed == control.text) return;
-        setText(control, typed);
-        if (control.text == typed) control.selStart = recordPosition(widgetText, cursor);
+        if (typed != control.text) setTextTyped(control, typed, recordPosition(widgetText, cursor));
     });
 }
 

@@ -20,7 +20,7 @@ constexpr Colours lightColours() {
             .accent = QColor(0x0B, 0x66, 0x70),
             .onAccent = QColor(0xFF, 0xFF, 0xFF),
             .field = QColor(0xFF, 0xFF, 0xFF),
-            .disabledText = QColor(0x66, 0x70, 0x7A),
+            .disabledText = QColor(0x62, 0x6C, 0x76),
             .hover = QColor(0xE3, 0xEE, 0xEF),
             .alarm = QColor(0xB3, 0x1B, 0x1B)};
 }
@@ -103,7 +103,7 @@ QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; pa
     border-top-left-radius: #6px; border-top-right-radius: #6px; margin-right: #3px; height: #24px; }
 QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card; border-top: #3px solid @accent;
     height: #26px; }
-QTabBar::tab:focus { text-decoration: underline; color: @accent; }
+QTabBar::tab:selected:focus { color: @accent; border: #3px solid @accent; }
 QProgressBar { background: @field; border: 1px solid @border; border-radius: #4px; text-align: center; color: @text; }
 QProgressBar::chunk { background: @chunk; border-radius: #3px; }
 QSlider { background: transparent; border: #2px solid transparent; border-radius: #4px; }

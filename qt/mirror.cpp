@@ -12,6 +12,7 @@
 #include "qt/geometry.h"
 #include "qt/modality.h"
 #include "qt/names.h"
+#include "qt/radioSpeech.h"
 
 namespace mirror {
 
@@ -117,6 +118,7 @@ void takeFocus(QWidget* /*old*/, QWidget* now) {
 }  // namespace
 
 void build() {
+    radioSpeech::begin();
     for (Control* form : registry::forms()) {
         formWindow::make(*form, [form] { layOut(*form); });
         buildControls(*form);

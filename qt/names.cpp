@@ -1,6 +1,8 @@
 #include "qt/names.h"
 
+#include <array>
 #include <map>
+#include <optional>
 
 #include "forms/frmTavix.h"
 #include "forms/registry.h"
@@ -29,6 +31,8 @@ const Spoken* spokenOf(const Control& control) {
         {"frmTavix.txtReasoning", {"Comment or reasoning", "At most 50 characters, Enter takes it down"}},
         {"frmTavix.cmdEvidence", {"Add Symptom", "Notes the text selected in the introduction"}},
         {"frmTavix.cmdNoteSymptom", {"Take Down Note", "Notes the comment above"}},
+        {"frmTavix.lblWelcome", {"Welcome"}},
+        {"frmTavix.optTest", {"Test #"}},
         {"frmTavix.chartETA", {"Progress of test #", "Minutes gone of the minutes that the test takes"}},
         {"frmTavix.lblTestTime", {"Minutes of test #"}},
         {"frmTavix.lblETA", {"Time of the result of test #"}},
@@ -44,6 +48,14 @@ const Spoken* spokenOf(const Control& control) {
         {"frmTavix.lblHealthScreen", {"Health monitor", "The patient's health from the start until now"}},
         {"frmTavix.lblHealthScale", {"Health"}},
         {"frmTavix.lblX", {"Time at the mark #"}},
+        {"frmTavix.lblEndHealth", {"End health"}},
+        {"frmTavix.lblHealthFactor", {"Award for health"}},
+        {"frmTavix.lblTestCount", {"Number of tests"}},
+        {"frmTavix.lblTestFactor", {"Cost of a test"}},
+        {"frmTavix.tagPenaltyCalc", {"How the penalty is reckoned"}},
+        {"frmTavix.lblAllTests", {"Tests of this patient"}},
+        {"frmTavix.lblTestResults", {"Results of these tests"}},
+        {"frmTavix.lblEndSvD", {"Chances of these symptoms in each disease"}},
         {"frmTavix.lstSymptoms", {"Symptom notes"}},
         {"frmTavix.cmdNextPatient", {"Next Patient", "Goes on to the next patient"}},
         {"frmTavix.cboT", {"Scenario"}},
@@ -63,6 +75,30 @@ const Spoken* spokenOf(const Control& control) {
     };
     const auto found = table.find(control.form + "." + control.name);
     return found == table.end() ? nullptr : &found->second;
+}
+
+/// A value of the feedback stands in a row, below the head of its column.
+struct Cell {
+    const Control& row;
+    const Control& column;
+};
+
+std::optional<Cell> cellOf(const Control& control) {
+    FrmTavix& f = frmTavix;
+    const std::array<std::array<const Control*, 3>, 7> rows{{
+        {&f.tagDisease, &f.lblFinalDiagnosis, &f.lblAnswer},
+        {&f.tagYourBelief, &f.lblDiagnosisBelief, &f.lblDiseaseBelief},
+        {&f.tagDiseaseProbability, &f.lblDiagChance, &f.lblDiseaseChance},
+        {&f.tagNormalized, &f.lblDiagNormalized, &f.lblDiseaseNormalized},
+        {&f.tagTreatment, &f.lblYourTreatment, &f.lblBestTreatment},
+        {&f.tagTreatmentHeal, &f.lblYourHeal, &f.lblActualHeal},
+        {&f.tagTreatmentHurt, &f.lblYourHurt, &f.lblActualHurt},
+    }};
+    for (const auto& [tag, yours, actual] : rows) {
+        if (&control == yours) return Cell{*tag, f.tagFinalDiagnosis};
+        if (&control == actual) return Cell{*tag, f.tagAnswer};
+    }
+    return std::nullopt;
 }
 
 /// The label that stands before a value, by their names: tagScore and lblScore.
@@ -101,18 +137,24 @@ QString numbered(const char* text, const Control& control) {
 
 bool isValueLabel(const Control& control) { return control.kind == Kind::Label && !control.look.framed; }
 
+QString captionOf(const Control& control) { return faces::toQt(control.caption).remove('&').simplified(); }
+
+QString withoutColon(QString tag) { return tag.endsWith(':') ? tag.chopped(1) : tag; }
+
 }  // namespace
 
 QString accessibleName(const Control& control) {
-    const QString caption = faces::toQt(control.caption).remove('&').simplified();
+    const QString caption = captionOf(control);
+    if (control.kind == Kind::OptionButton && !caption.isEmpty()) return caption;
+    if (const auto cell = cellOf(control)) {
+        return withoutColon(captionOf(cell->row)) + ", " + captionOf(cell->column) + ": " + caption;
+    }
     if (const Spoken* spoken = spokenOf(control)) {
         const QString name = numbered(spoken->name, control);
         return isValueLabel(control) && !caption.isEmpty() ? name + ": " + caption : name;
     }
     if (const Control* tag = tagOf(control)) {
-        QString name = faces::toQt(tag->caption);
-        if (!name.endsWith(':')) name += ':';
-        return (name + " " + caption).simplified();
+        return (withoutColon(captionOf(*tag)) + ": " + caption).simplified();
     }
     if (!caption.isEmpty()) return caption;
     return control.kind == Kind::Frame ? QStringLiteral("Group") : QString();
@@ -121,7 +163,12 @@ QString accessibleName(const Control& control) {
 void describe(QWidget& widget, const Control& control) {
     widget.setObjectName(faces::toQt(fullName(control)));
     widget.setAccessibleName(accessibleName(control));
-    if (const Spoken* spoken = spokenOf(control)) widget.setAccessibleDescription(spoken->description);
+    if (const Spoken* spoken = spokenOf(control)) {
+        // A combo box speaks its choice as its name, so that what is chosen there goes to the description.
+        const bool speaksItself = control.kind == Kind::ComboBox && *spoken->description == 0;
+        widget.setAccessibleDescription(speaksItself ? accessibleName(control)
+                                                     : QString(spoken->description));
+    }
     if (control.kind == Kind::Label && control.on.doubleClick) {
         widget.setAccessibleDescription("Press Enter or double click to measure");
     }

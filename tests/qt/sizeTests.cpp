@@ -1,0 +1,93 @@
+// From a small laboratory screen to a large one: nothing is cut off and nothing stands over anything else.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+
+#include "forms/frmSplash.h"
+#include "forms/frmTavix.h"
+#include "forms/registry.h"
+#include "forms/windows.h"
+#include "qt/mirror.h"
+#include "tests/qt/desk.h"
+
+namespace {
+
+struct Sizes : testing::TestWithParam<QSize> {
+    Sizes() {
+        desk::lay();
+        mirror::widgetOf(frmTavix.form)->resize(GetParam());
+    }
+};
+
+QSize roomOf(const QWidget& widget) { return widget.contentsRect().size(); }
+
+/// What a label's or button's text needs, pixels.
+QSize needOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
+        const QRect room(0, 0, label->contentsRect().width(), 100000);
+        return label->fontMetrics().boundingRect(room, flags, label->text()).size();
+    }
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    if (button == nullptr) return {};
+    return button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+}
+
+TEST_P(Sizes, EveryCaptionHasRoom) {
+    constexpr int rounding = 2;  // pixels
+    for (Control* form : registry::forms()) {
+        desk::showWhole(*form);
+        for (Control* control : allControls()) {
+            if (control->form != form->form || control->kind == Kind::Timer || control->look.clips) continue;
+            const QWidget& widget = *mirror::widgetOf(*control);
+            const QSize need = needOf(widget);
+            const QSize room = roomOf(widget);
+            if (!widget.isVisible() || need.isEmpty()) continue;
+            EXPECT_LE(need.width(), room.width() + rounding) << fullName(*control);
+            EXPECT_LE(need.height(), room.height() + rounding) << fullName(*control);
+        }
+        setVisible(*form, false);
+    }
+}
+
+/// What a widget covers of its parent: a label no more than its text.
+QRect groundOf(const QWidget& widget) {
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    if (label == nullptr) return widget.geometry();
+    QRect text(QPoint(), needOf(widget));
+    text.moveTopLeft(widget.geometry().topLeft());
+    if ((label->alignment() & Qt::AlignRight) != 0) text.moveRight(widget.geometry().right());
+    return text.adjusted(1, 1, -1, -1);
+}
+
+/// Frames and lines stand around others, and the monitor's labels under its plot.
+bool mayBeCovered(const Control& control) {
+    return control.look.framed || control.kind == Kind::Line || control.kind == Kind::Timer;
+}
+
+TEST_P(Sizes, NothingThatTakesInputIsCovered) {
+    for (Control* form : registry::forms()) {
+        if (form == &frmSplash.form) continue;
+        desk::showWhole(*form);
+        for (QWidget* taker : desk::tabOrder(*form)) {
+            const Control& control = *mirror::controlOf(taker);
+            const QRect ground = groundOf(*mirror::widgetOf(control));
+            for (Control* other : registry::childrenOf(*control.parent)) {
+                if (other == &control || other->page != control.page || mayBeCovered(*other)) continue;
+                const QWidget& neighbour = *mirror::widgetOf(*other);
+                if (!neighbour.isVisible() || !mirror::widgetOf(control)->isVisible()) continue;
+                EXPECT_FALSE(ground.intersects(groundOf(neighbour)))
+                    << fullName(control) << " and " << fullName(*other);
+            }
+        }
+        setVisible(*form, false);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, Sizes,
+                         testing::Values(QSize(1024, 700), QSize(1366, 720), QSize(1920, 1020),
+                                         QSize(3840, 2080)));
+
+}  // namespace
