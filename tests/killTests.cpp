@@ -9,7 +9,6 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <random>
 #include <sstream>
 #include <string>
@@ -17,36 +16,12 @@
 
 #include "store/engine.h"
 #include "store/openTable.h"
+#include "tests/busySession.h"
 #include "tests/temporaryStudy.h"
 
 namespace {
 
 constexpr int kills = 200;
-
-/// One session that acts without a pause: every action writes rows, and the event's number is printed once
-/// the action has returned.
-std::string busySession(bool newSubject) {
-    std::ostringstream script;
-    script << "type frmLogin.txtName kim\nchoose frmLogin.cboType Plain\nclick frmLogin.cmdOk\n";
-    if (newSubject) {
-        script << "type frmNewSubject.txtAge 30\nchoose frmNewSubject.boxMajor Other\nclick "
-                  "frmNewSubject.btnBegin\n";
-    }
-    for (int patient = 0; patient < 20; ++patient) {
-        script << "state trialNumber\ndraw clear\ndraw 0.4x200000\n";
-        for (int action = 0; action < 5; ++action) {
-            script << "type frmTavix.txtReasoning \"note " << action << "\"\nclick frmTavix.cmdNoteSymptom\n"
-                   << "state eventCount\n";
-        }
-        script << "dblclick frmTavix.optTest(0)\nstate eventCount\n"
-               << "click frmTavix.cmdDiagnosis\nchoose frmDiagnosis.cboHypothesis(0) Brill\n"
-               << "click frmDiagnosis.cmdDiagnose\nstate eventCount\n"
-               << "draw clear\nrun 1200000 until frmTavix.cmdNextPatient.visible = true\nanswer OK\nstate "
-                  "score\n"
-               << "click frmTavix.cmdNextPatient\n";
-    }
-    return script.str();
-}
 
 /// Starts the program on the script, kills it after `delay`, and returns all that it had printed.
 std::string printedUntilKilled(const std::string& folder, const std::string& script,
@@ -158,7 +133,7 @@ void expectResumed(const TemporaryStudy& study) {
 }
 
 TEST(Kill, LosesNoRowWhoseOperationHadReturned) {
-    const std::string script = busySession(true);
+    const std::string script = busySession("kim", 20);
     std::mt19937 random(20260105);
     int moments = 0;
     int inTrials = 0;

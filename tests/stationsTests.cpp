@@ -1,0 +1,66 @@
+// Several stations on one shared folder: each records as if it were alone, and no row is lost.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "store/engine.h"
+#include "store/openTable.h"
+#include "tests/busySession.h"
+#include "tests/temporaryStudy.h"
+
+namespace {
+
+constexpr int patients = 8;
+
+struct Station {
+    std::string program;
+    std::string subject;
+};
+
+/// Plays whole sessions at the same time on one study; an empty string for each that ended well.
+void playTogether(const TemporaryStudy& study, const std::vector<Station>& stations) {
+    std::string command = "export QT_QPA_PLATFORM=offscreen; ";
+    for (const auto& [program, subject] : stations) {
+        const std::string script = study.folder + "/" + subject + ".tvx";
+        writeFile(script, busySession(subject, patients));
+        command += "(" TAVIX_BIN "/" + program + " --folder " + study.folder + " " + script +
+                   " >/dev/null 2>&1 || echo " + subject + " failed) & ";
+    }
+    EXPECT_EQ(outputOf(command + "wait"), "");
+}
+
+/// All rows that the subject left, table by table. Dates and times are virtual and the same in each run.
+std::map<std::string, std::vector<std::vector<engine::Value>>> rowsOf(const TemporaryStudy& study,
+                                                                      const std::string& subject) {
+    const std::map<std::string, std::string> keys{
+        {"SubjectInfo", "Subject"},    {"SubjectSettings", "Subject"},     {"dataTrial", "Subject"},
+        {"dataEvents", "Subject"},     {"dataGetSymptoms", "EventID"},     {"dataGetTests", "EventID"},
+        {"dataHypotheses", "EventID"}, {"dataHypothesisState", "StateID"}, {"dataTreatments", "EventID"}};
+    const engine::Database database = engine::open(study.storePath(), store::password, engine::Access::Read);
+    std::map<std::string, std::vector<std::vector<engine::Value>>> rows;
+    for (const auto& [table, key] : keys) {
+        rows[table] =
+            engine::query(*database, "SELECT * FROM " + table + " WHERE " + key + " LIKE '" + subject + "%'")
+                .rows;
+    }
+    return rows;
+}
+
+TEST(Stations, OnOneFolderLoseNoRow) {
+    const std::vector<Station> stations{
+        {"tavix-headless", "ann"}, {"tavix-twin", "ben"}, {"tavix-headless", "cleo"}};
+    const TemporaryStudy shared;
+    playTogether(shared, stations);
+    for (const Station& station : stations) {
+        const TemporaryStudy own;
+        playTogether(own, {station});
+        const auto alone = rowsOf(own, station.subject);
+        EXPECT_EQ(alone.at("dataTrial").size(), patients + 1U);  // the next patient has come too
+        EXPECT_EQ(alone.at("dataEvents").size(), 7U * patients);
+        EXPECT_EQ(rowsOf(shared, station.subject), alone) << station.subject;
+    }
+}
+
+}  // namespace
