@@ -52,13 +52,29 @@ void insert(Control& control, const std::string& character, int code) {
     }
 }
 
+void act(Control& control) {
+    switch (control.kind) {
+        case Kind::TickBox: setValue(control, isTicked(control) ? 0 : 1); break;
+        case Kind::OptionButton: setValue(control, 1); break;
+        case Kind::ComboBox: break;  // only taking an item counts
+        default: run(control.on.click);
+    }
+}
+
+bool isPressedBy(const Control& control, int code) {
+    if (code == enterKey) return control.kind == Kind::Button;
+    const bool presses =
+        control.kind == Kind::Button || control.kind == Kind::TickBox || control.kind == Kind::OptionButton;
+    return presses && code == spaceKey;
+}
+
 /// The key's handler first, then what the control itself does with the key.
 void actOnKey(Control& control, const std::string& character, int code) {
     if (control.on.key && !control.on.key(code)) return;
     if (isWritable(control)) {
         insert(control, character, code);
-    } else if (control.kind == Kind::Button && (code == enterKey || code == spaceKey)) {
-        run(control.on.click);
+    } else if (isPressedBy(control, code)) {
+        act(control);
     }
 }
 
@@ -101,12 +117,7 @@ void reach(Control& control) {
 
 void press(Control& control) {
     reach(control);
-    switch (control.kind) {
-        case Kind::TickBox: setValue(control, isTicked(control) ? 0 : 1); break;
-        case Kind::OptionButton: setValue(control, 1); break;
-        case Kind::ComboBox: break;  // only taking an item counts
-        default: run(control.on.click);
-    }
+    act(control);
 }
 
 void doublePress(Control& control) {

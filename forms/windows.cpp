@@ -114,7 +114,7 @@ void focusByPerson(Control& control) {
 
 bool hasFocus(const Control& control) {
     const Control& form = rootOf(control);
-    return form.visible && form.active == &control && (topModal() == nullptr || topModal() == &form);
+    return isUsable(control) && form.active == &control && (topModal() == nullptr || topModal() == &form);
 }
 
 Control& formOf(Control& control) { return const_cast<Control&>(rootOf(control)); }

@@ -28,6 +28,7 @@ void finalDialog(const engine::Error& error, const std::string& status) {
 /// conflict that lasts ends the run with an overflow, within six attempts. The count takes no fixed time.
 void pauseForLock(Int16 lockCount) {
     host().yield();
+    randomSource::reseed(host().milliseconds());
     const double random = std::floor(randomSource::draw() * 3000.0 + 1000.0);
     const Int16 rounds = round16(random * lockCount.toFloat() * lockCount.toFloat());
     [[maybe_unused]] volatile int counted = 0;  // volatile, or the count would be left out

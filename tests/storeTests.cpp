@@ -27,6 +27,7 @@ protected:
     void SetUp() override {
         host().programFolder = [this] { return study.folder; };
         host().yield = [] {};
+        host().milliseconds = [] { return std::uint32_t{0}; };
         host().messageBox = [this](const MessageBox& box) {
             boxes.push_back(box);
             return answer();
