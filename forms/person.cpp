@@ -78,32 +78,9 @@ void actOnKey(Control& control, const std::string& character, int code) {
     }
 }
 
-std::string characterOf(int code) {
-    const auto c = static_cast<std::uint32_t>(code);
-    std::string bytes;
-    if (c < 0x80) {
-        bytes += static_cast<char>(c);
-    } else if (c < 0x800) {
-        bytes += static_cast<char>(0xC0U | (c >> 6U));
-        bytes += static_cast<char>(0x80U | (c & 0x3FU));
-    } else {
-        bytes += static_cast<char>(0xE0U | ((c >> 12U) & 0x0FU));
-        bytes += static_cast<char>(0x80U | ((c >> 6U) & 0x3FU));
-        bytes += static_cast<char>(0x80U | (c & 0x3FU));
-    }
-    return bytes;
-}
-
 /// Code of the key that writes this character; a line break is Enter.
-int codeOf(const std::string& character) {
-    const auto lead = static_cast<std::uint8_t>(character[0]);
-    if (character == "\n") return enterKey;
-    if (character.size() == 1) return lead;
-    std::uint32_t code = lead & (0xFFU >> (character.size() + 1));
-    for (std::size_t i = 1; i < character.size(); ++i) {
-        code = (code << 6U) | (static_cast<std::uint8_t>(character[i]) & 0x3FU);
-    }
-    return static_cast<int>(code);
+int keyFor(const std::string& character) {
+    return character == "\n" ? enterKey : static_cast<int>(text::codeOf(character));
 }
 
 }  // namespace
@@ -127,7 +104,7 @@ void doublePress(Control& control) {
 
 void key(Control& control, int code) {
     reach(control);
-    actOnKey(control, characterOf(code), code);
+    actOnKey(control, text::fromCode(static_cast<char32_t>(code)), code);
 }
 
 void type(Control& control, const std::string& text) {
@@ -137,7 +114,7 @@ void type(Control& control, const std::string& text) {
     if (text.empty() && isWritable(control)) replaceSelection(control, {});
     for (int i = 0; i < text::length(text) && windows::refusal(control).empty(); ++i) {
         const std::string character = text::mid(text, i, 1);
-        actOnKey(control, character, codeOf(character));
+        actOnKey(control, character, keyFor(character));
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <locale>
+#include <stdexcept>
 
 #include "platform/fault.h"
 
@@ -20,29 +22,22 @@ int followers(std::uint8_t lead) {
     return -1;
 }
 
-bool isUtf8(std::string_view bytes) {
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const int rest = followers(static_cast<std::uint8_t>(bytes[i]));
-        if (rest < 0 || i + static_cast<std::size_t>(rest) >= bytes.size()) return false;
-        for (int k = 0; k < rest; ++k) {
-            if (startsCharacter(bytes[++i])) return false;
-        }
-    }
-    return true;
-}
-
 std::string fromLatin1(std::string_view bytes) {
     std::string result;
-    for (const char byte : bytes) {
-        const auto code = static_cast<std::uint8_t>(byte);
-        if (code < 0x80) {
-            result += byte;
-        } else {
-            result += static_cast<char>(0xC0U | (code >> 6U));
-            result += static_cast<char>(0x80U | (code & 0x3FU));
-        }
-    }
+    for (const char byte : bytes) result += fromCode(static_cast<std::uint8_t>(byte));
     return result;
+}
+
+/// What the C library knows of letters, whatever the language of the desktop.
+const std::locale& letters() {
+    static const std::locale found = [] {
+        try {
+            return std::locale("C.UTF-8");
+        } catch (const std::runtime_error&) {
+            return std::locale::classic();
+        }
+    }();
+    return found;
 }
 
 }  // namespace
@@ -80,10 +75,51 @@ std::string trim(std::string_view source) {
     return std::string(source.substr(first, source.find_last_not_of(' ') - first + 1));
 }
 
+bool isUtf8(std::string_view bytes) {
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const int rest = followers(static_cast<std::uint8_t>(bytes[i]));
+        if (rest < 0 || i + static_cast<std::size_t>(rest) >= bytes.size()) return false;
+        for (int k = 0; k < rest; ++k) {
+            if (startsCharacter(bytes[++i])) return false;
+        }
+    }
+    return true;
+}
+
+std::string fromCode(char32_t code) {
+    const auto byte = [](char32_t bits) { return static_cast<char>(static_cast<std::uint8_t>(bits)); };
+    if (code < 0x80) return {byte(code)};
+    if (code < 0x800) return {byte(0xC0U | (code >> 6U)), byte(0x80U | (code & 0x3FU))};
+    const std::string end{byte(0x80U | ((code >> 6U) & 0x3FU)), byte(0x80U | (code & 0x3FU))};
+    if (code < 0x10000) return byte(0xE0U | (code >> 12U)) + end;
+    return std::string{byte(0xF0U | (code >> 18U)), byte(0x80U | ((code >> 12U) & 0x3FU))} + end;
+}
+
+char32_t codeOf(std::string_view character) {
+    const auto lead = static_cast<std::uint8_t>(character[0]);
+    const int rest = followers(lead);
+    if (rest <= 0) return lead;
+    char32_t code = lead & (0x3FU >> static_cast<unsigned>(rest));
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(rest) && i < character.size(); ++i) {
+        code = (code << 6U) | (static_cast<std::uint8_t>(character[i]) & 0x3FU);
+    }
+    return code;
+}
+
 std::string lowerCase(std::string_view source) {
-    std::string result(source);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    std::string result;
+    result.reserve(source.size());
+    for (std::size_t i = 0; i < source.size();) {
+        const char c = source[i];
+        const int rest = followers(static_cast<std::uint8_t>(c));
+        if (rest <= 0) {
+            result += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+            ++i;
+            continue;
+        }
+        const auto capital = static_cast<wchar_t>(codeOf(source.substr(i)));
+        result += fromCode(static_cast<char32_t>(std::tolower(capital, letters())));
+        i += static_cast<std::size_t>(rest) + 1;
     }
     return result;
 }

@@ -22,8 +22,15 @@ std::string blanks(int count);
 /// Without the blanks at both ends; tabs and line breaks stay.
 std::string trim(std::string_view source);
 
-/// Letters A to Z in lower case: the same folding by which the store compares texts.
+/// All letters in lower case, accented ones too: the folding by which names and the store's texts compare.
 std::string lowerCase(std::string_view source);
+
+/// A character as text, and the code of the first character of a text that is not empty.
+std::string fromCode(char32_t code);
+char32_t codeOf(std::string_view character);
+
+/// Whether the bytes are whole UTF-8 characters.
+bool isUtf8(std::string_view bytes);
 
 /// The bytes of a file as UTF-8: a byte-order mark goes, and bytes that are no UTF-8 are read as Latin-1.
 std::string fromFileBytes(std::string_view bytes);

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "platform/text.h"
 #include "store/keyDerivation.h"
 
 namespace engine {
@@ -126,11 +127,20 @@ void setKey(Connection& database, const std::string& path, const std::string& pa
     if (cipherVersion(database) > oldFormat) execute(database, "PRAGMA cipher_compatibility = 3");
 }
 
+/// The engine's own folding stops at A to Z; here accented letters have two cases too.
+int compareTexts(void* /*context*/, int sizeA, const void* a, int sizeB, const void* b) {
+    const auto folded = [](const void* bytes, int size) {
+        return text::lowerCase({static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
+    };
+    return folded(a, sizeA).compare(folded(b, sizeB));
+}
+
 Database openHandle(const std::string& path, int flags) {
     Database database(new Connection);
     if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK)
         fail(*database, false, path);
     sqlite3_busy_handler(database->handle, waitForLock, database.get());
+    sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts);
     return database;
 }
 

@@ -24,6 +24,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int mostDiseaseColumns = 400;
+
 /// A table's rows as they will go in.
 struct Content {
     std::vector<schema::NamedColumn> columns;
@@ -77,6 +79,7 @@ std::string truthProblem(const std::string& text, engine::Value& value) {
 std::string numberProblem(const std::string& text, schema::ColumnType type, engine::Value& value) {
     if (!numberText::isNumeric(text)) return "is no number";
     const double number = numberText::toNumber(text);
+    if (!std::isfinite(number)) return "is too large";
     if (type == schema::ColumnType::Float) {
         value = number;
         return {};
@@ -121,6 +124,12 @@ void readHeader(Import& import, const schema::Table& table, const std::string& f
                 Content& content) {
     for (const std::string& written : line.fields) {
         const std::string name = text::trim(written);
+        if (schema::seriesNumber(table, name) > mostDiseaseColumns) {
+            import.complain(
+                file, line.number,
+                fmt::format("column {}: a store holds at most {} diseases", name, mostDiseaseColumns));
+            continue;
+        }
         schema::NamedColumn column{name, schema::ColumnType::Text};
         if (!findColumn(table, name, column)) {
             import.complain(file, line.number, fmt::format("{} has no column \"{}\"", table.name, name));
@@ -153,6 +162,30 @@ void readRow(Import& import, const std::string& file, const csv::Line& line, Con
     }
 }
 
+/// Bytes that would change on their way into the store, by the first line that has them. A file is UTF-8 or,
+/// as old programs write it, Latin-1 as a whole; a mixture, and signs that neither has, would be changed.
+void checkEncoding(Import& import, const std::string& file, std::string_view bytes) {
+    const bool whole = text::isUtf8(bytes);
+    bool accented = false;  // a line before was UTF-8 beyond plain letters
+    int number = 1;
+    for (std::size_t start = 0; start < bytes.size(); ++number) {
+        const std::string_view line = bytes.substr(start, bytes.find('\n', start) - start);
+        start += line.size() + 1;
+        const auto isControl = [](char c) {
+            return static_cast<std::uint8_t>(c) >= 0x80 && static_cast<std::uint8_t>(c) < 0xA0;
+        };
+        const bool plain =
+            std::all_of(line.begin(), line.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x80; });
+        if (line.find('\0') != std::string_view::npos)
+            return import.complain(file, number, "holds a zero byte; save the file as UTF-8 text");
+        if (whole || plain) continue;
+        const bool lineIsUtf8 = text::isUtf8(line);
+        if (accented || std::any_of(line.begin(), line.end(), isControl))
+            return import.complain(file, number, "is no UTF-8 text; save the file as UTF-8");
+        accented = lineIsUtf8;
+    }
+}
+
 void readTable(Import& import, const fs::path& path) {
     const std::string file = path.filename().string();
     const schema::Table* table = schema::find(path.stem().string());
@@ -161,7 +194,9 @@ void readTable(Import& import, const fs::path& path) {
         return;
     }
     try {
-        const std::vector<csv::Line> lines = csv::parse(text::fromFileBytes(files::read(path.string())));
+        const std::string bytes = files::read(path.string());
+        checkEncoding(import, file, bytes);
+        const std::vector<csv::Line> lines = csv::parse(text::fromFileBytes(bytes));
         if (lines.empty()) {
             import.complain(file, 1, "the first line must name the columns");
             return;
@@ -228,29 +263,45 @@ void writeStore(const Import& import, const std::string& file) {
     engine::execute(*database, "COMMIT");
 }
 
+/// A name beside the file that nothing has.
+fs::path freeName(const fs::path& place) {
+    std::error_code failed;
+    fs::path draft = place.string() + ".new";
+    for (int i = 2; fs::exists(draft, failed); ++i) draft = fmt::format("{}.new{}", place.string(), i);
+    return draft;
+}
+
 }  // namespace
 
 std::vector<std::string> create(const std::string& folder, const std::string& file, bool force) {
     std::error_code failed;
-    if (fs::exists(file, failed) && !force) return {file + " exists already; --force replaces it"};
-    const fs::path target = fs::absolute(file, failed).parent_path();
-    if (!fs::is_directory(target, failed))
-        return {fmt::format("{}: there is no folder {}", file, target.string())};
+    const fs::path place = fs::weakly_canonical(file, failed);  // a link stays one
+    if (file.empty() || failed) return {fmt::format("\"{}\" is no file's name", file)};
+    if (fs::exists(place, failed)) {
+        if (!fs::is_regular_file(place, failed)) return {file + " is no plain file and is not replaced"};
+        if (!force) return {file + " exists already; --force replaces it"};
+    }
+    if (!fs::is_directory(place.parent_path(), failed))
+        return {fmt::format("{}: there is no folder {}", file, place.parent_path().string())};
     const Import import = readFolder(folder);
     if (!import.problems.empty()) return import.problems;
     // Written beside the target and moved over it when complete, so that a broken attempt leaves no half
     // file.
-    const std::string draft = file + ".new";
-    fs::remove(draft, failed);
+    const fs::path draft = freeName(place);
     try {
-        writeStore(import, draft);
+        writeStore(import, draft.string());
     } catch (const engine::Error& error) {
         fs::remove(draft, failed);
         return {fmt::format("{}: {}", file, error.text)};
     }
-    fs::rename(draft, file, failed);
-    if (failed) return {fmt::format("{}: {}", file, failed.message())};
-    return {};
+    // What a killed program left of its last operation belongs to the old store; the engine would play it
+    // into the new one.
+    fs::remove(place.string() + "-journal", failed);
+    fs::rename(draft, place, failed);
+    if (!failed) return {};
+    const std::string reason = failed.message();
+    fs::remove(draft, failed);
+    return {fmt::format("{}: {}", file, reason)};
 }
 
 }  // namespace createStore
