@@ -117,6 +117,7 @@ QScrollBar:vertical { background: transparent; width: #10px; }
 QScrollBar:horizontal { background: transparent; height: #10px; }
 QScrollBar::handle { background: @border; border-radius: #5px; min-height: #24px; min-width: #24px; }
 QScrollBar::add-line, QScrollBar::sub-line { height: 0px; width: 0px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QLabel { font-size: #14px; }
 QMessageBox QPushButton { min-width: #96px; min-height: #32px; font-size: #14px; }
 QToolTip { background: @card; color: @text; border: 1px solid @border; }

@@ -139,7 +139,7 @@ bool isValueLabel(const Control& control) { return control.kind == Kind::Label &
 
 QString captionOf(const Control& control) { return faces::toQt(control.caption).remove('&').simplified(); }
 
-QString withoutColon(QString tag) { return tag.endsWith(':') ? tag.chopped(1) : tag; }
+QString withoutColon(const QString& tag) { return tag.endsWith(':') ? tag.chopped(1) : tag; }
 
 }  // namespace
 
