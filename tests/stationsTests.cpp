@@ -1,4 +1,5 @@
 // Several stations on one shared folder: each records as if it were alone, and no row is lost.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -23,10 +24,10 @@ struct Station {
 void playTogether(const TemporaryStudy& study, const std::vector<Station>& stations) {
     std::string command = "export QT_QPA_PLATFORM=offscreen; ";
     for (const auto& [program, subject] : stations) {
-        const std::string script = study.folder + "/" + subject + ".tvx";
+        const std::string script = fmt::format("{}/{}.tvx", study.folder, subject);
         writeFile(script, busySession(subject, patients));
-        command += "(" TAVIX_BIN "/" + program + " --folder " + study.folder + " " + script +
-                   " >/dev/null 2>&1 || echo " + subject + " failed) & ";
+        command += fmt::format("({}/{} --folder {} {} >/dev/null 2>&1 || echo {} failed) & ", TAVIX_BIN,
+                               program, study.folder, script, subject);
     }
     EXPECT_EQ(outputOf(command + "wait"), "");
 }
@@ -42,7 +43,7 @@ std::map<std::string, std::vector<std::vector<engine::Value>>> rowsOf(const Temp
     std::map<std::string, std::vector<std::vector<engine::Value>>> rows;
     for (const auto& [table, key] : keys) {
         rows[table] =
-            engine::query(*database, "SELECT * FROM " + table + " WHERE " + key + " LIKE '" + subject + "%'")
+            engine::query(*database, fmt::format("SELECT * FROM {} WHERE {} LIKE '{}%'", table, key, subject))
                 .rows;
     }
     return rows;
