@@ -1,4 +1,5 @@
 // What an experimenter's files may look like, and what a new store must not leave behind or take over.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -34,7 +35,7 @@ protected:
             engine::open(study.storePath(), store::password, engine::Access::Read);
         std::string all;
         for (const auto& row :
-             engine::query(*database, "SELECT quote(" + name + ") || '' FROM " + table).rows)
+             engine::query(*database, fmt::format("SELECT quote({}) || '' FROM {}", name, table)).rows)
             all += (all.empty() ? "" : "/") + std::get<std::string>(row[0]);
         return all;
     }
