@@ -121,11 +121,20 @@ QWidget* makeArrow(QComboBox* box) {
     return arrow;
 }
 
+/// The arrow keys go on from the item that the text names; from a text that names none they begin at the
+/// first.
+void followText(QComboBox& box, const Control& control) {
+    const Showing showing;
+    const int named = box.findText(toQt(control.text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (box.currentIndex() != named) box.setCurrentIndex(named);
+    if (box.currentText() != toQt(control.text)) box.setEditText(toQt(control.text));
+}
+
 void showItems(QComboBox& box, const Control& control) {
     const Showing showing;
     box.clear();
     for (const std::string& item : control.items) box.addItem(toQt(item));
-    box.setEditText(toQt(control.text));
+    followText(box, control);
 }
 
 }  // namespace
@@ -196,6 +205,7 @@ Face comboBox(Control& control, QWidget* parent) {
     return {box,
             [box, &control](Property property) {
                 if (property == Property::Items) showItems(*box, control);
+                if (property == Property::Text) followText(*box, control);
                 if (property == Property::Text || property == Property::Selection) {
                     showInLineEdit(*box->lineEdit(), control);
                 }
