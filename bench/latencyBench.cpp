@@ -23,10 +23,10 @@
 #include "qt/mirror.h"
 #include "qt/realTimers.h"
 #include "screens/wiring.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
+#include "store/record/modAppRecord.h"
 #include "tools/createStore.h"
-#include "trial/modAppRecord.h"
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 namespace {
 

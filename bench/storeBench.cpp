@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "platform/host.h"
-#include "store/keyDerivation.h"
-#include "store/openTable.h"
+#include "store/layer/keyDerivation.h"
+#include "store/layer/openTable.h"
 #include "tools/createStore.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include "forms/frmDiagnosis.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
-#include "trial/modAppRecord.h"
+#include "store/layer/openTable.h"
+#include "store/record/modAppRecord.h"
 
 namespace diagnosisRecord {
 

@@ -4,7 +4,7 @@
 #include "forms/windows.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
+#include "store/record/Options.h"
 
 namespace modHypotheses {
 

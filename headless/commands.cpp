@@ -12,13 +12,13 @@
 #include "forms/registry.h"
 #include "forms/windows.h"
 #include "headless/commandLine.h"
-#include "headless/openBoxes.h"
 #include "headless/properties.h"
 #include "headless/sqlText.h"
 #include "headless/stateFields.h"
-#include "headless/virtualTime.h"
 #include "platform/numberText.h"
 #include "platform/randomSource.h"
+#include "stage/openBoxes.h"
+#include "stage/virtualTime.h"
 
 namespace commands {
 

@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "platform/randomSource.h"
 #include "screens/wiring.h"
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 namespace {
 
@@ -18,14 +18,14 @@ struct ProgramEnd {
     int status;
 };
 
-int play(std::istream& script, const player::Options& options, std::uint64_t seed) {
+int play(std::istream& script, const scriptedHost::Start& options, std::uint64_t seed) {
     randomSource::fixState(seed);
     wiring::wireForms();
     if (!player::begin(script, player::onRecords(), options)) {
         std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
         return 1;
     }
-    host() = player::scriptedHost();
+    host() = scriptedHost::make();
     host().endProgram = [](int status) { throw ProgramEnd{status}; };
     try {
         run::startApplication();
@@ -43,7 +43,7 @@ int play(std::istream& script, const player::Options& options, std::uint64_t see
 
 int main(int argc, char** argv) {
     CLI::App app{"Plays Tavix without a screen."};
-    player::Options options{files::folderOfProgram(), "2026-01-05 09:30:00"};
+    scriptedHost::Start options{files::folderOfProgram(), "2026-01-05 09:30:00"};
     std::uint64_t seed = 1;
     std::string scriptFile;
     app.add_option("--folder", options.folder, "the program's folder, with data and Patients in it");

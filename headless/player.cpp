@@ -3,13 +3,9 @@
 #include <fmt/format.h>
 
 #include <iostream>
-#include <optional>
 
 #include "forms/person.h"
 #include "headless/commands.h"
-#include "headless/openBoxes.h"
-#include "headless/virtualTime.h"
-#include "platform/files.h"
 
 namespace player {
 
@@ -17,7 +13,6 @@ namespace {
 
 std::istream* source = nullptr;
 int lineNumber = 0;
-std::string programFolder;
 
 constexpr int failedStatus = 1;
 
@@ -26,13 +21,6 @@ void fail(int line, const std::string& reason) {
     std::cout.flush();
     std::cerr << fmt::format("line {}: {}\n", line, reason) << std::flush;
     endProgram(failedStatus);
-}
-
-Answer showBox(const MessageBox& box) {
-    openBoxes::open(box);
-    commands::onWaiting();
-    while (!openBoxes::newest()->answer) step();
-    return openBoxes::close();
 }
 
 }  // namespace
@@ -51,34 +39,16 @@ ActingPerson onRecords() {
         .mark = person::mark,
         .turnTo = person::turnTo,
         .close = person::close,
-        .answer = answerBox,
+        .answer = scriptedHost::answerBox,
         .picture = {},
     };
 }
 
-bool begin(std::istream& script, ActingPerson person, const Options& options) {
+bool begin(std::istream& script, ActingPerson person, const scriptedHost::Start& start) {
     source = &script;
     lineNumber = 0;
-    programFolder = options.folder;
-    openBoxes::forget();
     commands::setPerson(std::move(person));
-    return virtualTime::begin(options.now);
-}
-
-Host scriptedHost() {
-    Host host;
-    host.waitWhile = [](const std::function<bool()>& open) {
-        commands::onWaiting();
-        while (open()) step();
-    };
-    host.messageBox = showBox;
-    host.yield = [] {};
-    host.milliseconds = virtualTime::milliseconds;
-    host.today = virtualTime::today;
-    host.timeOfDay = virtualTime::timeOfDay;
-    host.programFolder = [] { return programFolder; };
-    host.loadPicture = files::checkPicture;
-    return host;
+    return scriptedHost::begin(start, {step, commands::onWaiting});
 }
 
 void step() {
@@ -93,7 +63,5 @@ void step() {
     }
     std::cout.flush();
 }
-
-void answerBox(Answer answer) { openBoxes::newest()->answer = answer; }
 
 }  // namespace player

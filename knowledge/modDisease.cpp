@@ -5,7 +5,7 @@
 #include "platform/numberText.h"
 #include "platform/text.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
 
 namespace modDisease {
 

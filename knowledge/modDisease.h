@@ -5,7 +5,7 @@
 #include <string>
 
 #include "state/records.h"
-#include "store/recordSet.h"
+#include "store/layer/recordSet.h"
 
 namespace modDisease {
 

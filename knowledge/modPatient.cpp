@@ -11,8 +11,8 @@
 #include "platform/randomSource.h"
 #include "platform/text.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
+#include "store/record/Options.h"
 
 namespace modPatient {
 

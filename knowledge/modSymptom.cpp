@@ -6,8 +6,8 @@
 #include "platform/numberText.h"
 #include "platform/text.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
-#include "trial/modAppRecord.h"
+#include "store/layer/openTable.h"
+#include "store/record/modAppRecord.h"
 
 namespace modSymptom {
 

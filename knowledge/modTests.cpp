@@ -6,9 +6,9 @@
 #include "forms/windows.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
-#include "trial/modAppRecord.h"
+#include "store/layer/openTable.h"
+#include "store/record/Options.h"
+#include "store/record/modAppRecord.h"
 
 namespace modTests {
 

@@ -10,11 +10,11 @@
 #include "platform/randomSource.h"
 #include "platform/text.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
-#include "trial/endings.h"
-#include "trial/modAppRecord.h"
-#include "trial/modHealth.h"
+#include "store/layer/openTable.h"
+#include "store/record/Options.h"
+#include "store/record/modAppRecord.h"
+#include "trial/course/endings.h"
+#include "trial/course/modHealth.h"
 
 namespace modTreatments {
 

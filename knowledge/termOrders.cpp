@@ -9,7 +9,7 @@
 #include "platform/randomSource.h"
 #include "platform/text.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
 
 namespace termOrders {
 

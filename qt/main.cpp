@@ -19,7 +19,7 @@
 #include "qt/mirror.h"
 #include "qt/realTimers.h"
 #include "screens/wiring.h"
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 namespace {
 

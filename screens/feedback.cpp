@@ -9,8 +9,8 @@
 #include "platform/numberText.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "trial/endings.h"
+#include "store/record/Options.h"
+#include "trial/course/endings.h"
 
 namespace feedback {
 

@@ -9,10 +9,10 @@
 #include "knowledge/modTreatments.h"
 #include "screens/keys.h"
 #include "state/TrialState.h"
-#include "trial/modAppLoad.h"
-#include "trial/modClock.h"
-#include "trial/modHealth.h"
-#include "trial/run.h"
+#include "store/loading/modAppLoad.h"
+#include "trial/course/modClock.h"
+#include "trial/course/modHealth.h"
+#include "trial/run/run.h"
 
 namespace mainScreen {
 

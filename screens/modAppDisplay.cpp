@@ -7,8 +7,8 @@
 #include "screens/feedback.h"
 #include "screens/optionsDialog.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "trial/runHooks.h"
+#include "store/record/Options.h"
+#include "trial/course/runHooks.h"
 
 namespace modAppDisplay {
 

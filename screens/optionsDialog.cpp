@@ -5,7 +5,7 @@
 #include "platform/numberText.h"
 #include "platform/text.h"
 #include "screens/keys.h"
-#include "trial/modClock.h"
+#include "trial/course/modClock.h"
 
 namespace optionsDialog {
 

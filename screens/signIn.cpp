@@ -10,7 +10,7 @@
 #include "platform/text.h"
 #include "screens/keys.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
 
 namespace signIn {
 

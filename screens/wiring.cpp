@@ -4,7 +4,7 @@
 #include "screens/modAppDisplay.h"
 #include "screens/optionsDialog.h"
 #include "screens/signIn.h"
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 namespace wiring {
 

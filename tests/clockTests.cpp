@@ -8,9 +8,9 @@
 #include "state/TrialState.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
-#include "trial/endings.h"
-#include "trial/modClock.h"
-#include "trial/modHealth.h"
+#include "trial/course/endings.h"
+#include "trial/course/modClock.h"
+#include "trial/course/modHealth.h"
 
 namespace {
 

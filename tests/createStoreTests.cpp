@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "store/engine.h"
-#include "store/openTable.h"
+#include "store/layer/engine.h"
+#include "store/layer/openTable.h"
 #include "tests/temporaryStudy.h"
 #include "tools/createStore.h"
 

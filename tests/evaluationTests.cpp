@@ -10,7 +10,7 @@
 #include "state/TrialState.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
-#include "trial/evaluation.h"
+#include "trial/run/evaluation.h"
 
 namespace {
 

@@ -11,12 +11,12 @@
 #include "knowledge/termOrders.h"
 #include "platform/randomSource.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
+#include "store/loading/modAppLoad.h"
+#include "store/record/Options.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
 #include "tests/temporaryStudy.h"
-#include "trial/modAppLoad.h"
 
 namespace {
 

@@ -7,15 +7,16 @@
 #include "forms/frmOptions.h"
 #include "forms/frmTavix.h"
 #include "forms/windows.h"
+#include "knowledge/caseDraw.h"
 #include "knowledge/modSymptom.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
+#include "store/record/modAppRecord.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
 #include "tests/temporaryStudy.h"
-#include "trial/modAppRecord.h"
-#include "trial/runHooks.h"
+#include "trial/course/runHooks.h"
 
 namespace {
 
@@ -70,7 +71,7 @@ constexpr const char* endColumns =
     "Result,Saved";
 
 TEST_F(Record, AStartLeavesTheColumnsOfTheEndEmpty) {
-    EXPECT_EQ(modAppRecord::recordTrialStart(), "kim03_");
+    EXPECT_EQ(modAppRecord::recordTrialStart(modPatient::findingsText()), "kim03_");
     EXPECT_EQ(rows("Subject,Setting,Date,StartTime,Trial,PatientID,TestResults,Disease,Score", "dataTrial"),
               "kim|Plain|2026-01-05|09:30:00|3|2|001|Brill|2000");
     EXPECT_EQ(rows(endColumns, "dataTrial"), "-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|-|2000|-|-");
@@ -80,12 +81,12 @@ TEST_F(Record, AStartLeavesTheColumnsOfTheEndEmpty) {
 TEST_F(Record, AnEndCompletesTheRowOfItsOwnTrialAlone) {
     TrialState& s = trialState;
     s.trialNumber = 2;
-    modAppRecord::recordTrialStart();
+    modAppRecord::recordTrialStart(modPatient::findingsText());
     s.trialNumber = 3;
     s.subjectName = "kim2";
-    modAppRecord::recordTrialStart();
+    modAppRecord::recordTrialStart(modPatient::findingsText());
     s.subjectName = "kim";
-    modAppRecord::recordTrialStart();
+    modAppRecord::recordTrialStart(modPatient::findingsText());
     s.simTimeText = "00:07";
     s.actualTimeText = "12:03";
     s.health = 7;

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "store/engine.h"
-#include "store/openTable.h"
+#include "store/layer/engine.h"
+#include "store/layer/openTable.h"
 #include "tests/busySession.h"
 #include "tests/temporaryStudy.h"
 

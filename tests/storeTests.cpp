@@ -6,9 +6,9 @@
 #include <thread>
 
 #include "platform/host.h"
-#include "store/dialect.h"
-#include "store/keyDerivation.h"
-#include "store/openTable.h"
+#include "store/layer/dialect.h"
+#include "store/layer/keyDerivation.h"
+#include "store/layer/openTable.h"
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
 

@@ -14,11 +14,11 @@
 #include "state/TrialState.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
-#include "trial/endings.h"
-#include "trial/modClock.h"
-#include "trial/modHealth.h"
-#include "trial/run.h"
-#include "trial/runHooks.h"
+#include "trial/course/endings.h"
+#include "trial/course/modClock.h"
+#include "trial/course/modHealth.h"
+#include "trial/course/runHooks.h"
+#include "trial/run/run.h"
 
 namespace {
 

@@ -12,10 +12,10 @@
 #include "platform/files.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
-#include "store/dialect.h"
-#include "store/engine.h"
-#include "store/openTable.h"
-#include "store/schema.h"
+#include "store/layer/dialect.h"
+#include "store/layer/engine.h"
+#include "store/layer/openTable.h"
+#include "store/layer/schema.h"
 #include "tools/csv.h"
 
 namespace createStore {

@@ -17,17 +17,17 @@
 #include "screens/wiring.h"
 #include "tests/twin/screenPicture.h"
 #include "tests/twin/widgetPerson.h"
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 namespace {
 
 Answer showBox(const Host& scripted, const MessageBox& box) {
-    boxes::open(box, player::answerBox);
+    boxes::open(box, scriptedHost::answerBox);
     return scripted.messageBox(box);
 }
 
 Host twinHost() {
-    Host host = player::scriptedHost();
+    Host host = scriptedHost::make();
     host.messageBox = [scripted = host](const MessageBox& box) { return showBox(scripted, box); };
     host.endProgram = [](int status) {
         std::cout.flush();
@@ -45,7 +45,7 @@ void play() {
 
 int main(int argc, char** argv) {
     CLI::App app{"Plays Tavix on its real widgets."};
-    player::Options options{files::folderOfProgram(), "2026-01-05 09:30:00"};
+    scriptedHost::Start options{files::folderOfProgram(), "2026-01-05 09:30:00"};
     std::uint64_t seed = 1;
     std::string scriptFile;
     std::string splashPicture;

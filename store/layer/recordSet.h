@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/checkedInteger.h"
-#include "store/engine.h"
+#include "store/layer/engine.h"
 
 struct RecordSet;
 

@@ -1,13 +1,12 @@
-#include "trial/modAppRecord.h"
+#include "store/record/modAppRecord.h"
 
 #include "forms/frmTavix.h"
-#include "knowledge/caseDraw.h"
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
+#include "store/record/Options.h"
 
 namespace modAppRecord {
 
@@ -17,7 +16,7 @@ std::string trialStem() {
 
 std::string stateId() { return trialStem() + numberText::padded(trialState.diagnosisCount, 2); }
 
-std::string recordTrialStart() {
+std::string recordTrialStart(const std::string& findings) {
     const TrialState& s = trialState;
     RecordSet trial = openTable("dataTrial", false, "Recording pre-trial information");
     trial.AddNew();
@@ -28,7 +27,7 @@ std::string recordTrialStart() {
     trial.Fields("StartTime") = host().timeOfDay();
     trial.Fields("Trial") = s.trialNumber;
     trial.Fields("PatientID") = s.currentPatient + 1;
-    trial.Fields("TestResults") = modPatient::findingsText();
+    trial.Fields("TestResults") = findings;
     trial.Fields("Disease") = s.patients[s.currentPatient].disease;
     trial.Fields("Score") = s.score;
     trial.Update();

@@ -1,4 +1,4 @@
-#include "store/openTable.h"
+#include "store/layer/openTable.h"
 
 #include <cmath>
 

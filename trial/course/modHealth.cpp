@@ -1,4 +1,4 @@
-#include "trial/modHealth.h"
+#include "trial/course/modHealth.h"
 
 #include <cmath>
 
@@ -7,8 +7,8 @@
 #include "platform/numberText.h"
 #include "platform/randomSource.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "trial/endings.h"
+#include "store/record/Options.h"
+#include "trial/course/endings.h"
 
 namespace modHealth {
 

@@ -1,4 +1,4 @@
-#include "headless/openBoxes.h"
+#include "stage/openBoxes.h"
 
 #include "forms/windows.h"
 

@@ -1,4 +1,4 @@
-#include "store/engine.h"
+#include "store/layer/engine.h"
 
 #define SQLITE_HAS_CODEC
 #include <sqlcipher/sqlite3.h>
@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "platform/text.h"
-#include "store/keyDerivation.h"
+#include "store/layer/keyDerivation.h"
 
 namespace engine {
 

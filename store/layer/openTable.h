@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "store/recordSet.h"
+#include "store/layer/recordSet.h"
 
 /// Opens a table by its name, or a whole SELECT statement. Returns a record set or ends the program: a lock
 /// is retried with a pause that grows, any other failure asks "Retry?". `status` says in that box what the

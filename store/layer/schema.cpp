@@ -1,4 +1,4 @@
-#include "store/schema.h"
+#include "store/layer/schema.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,11 +1,11 @@
-#include "store/recordSet.h"
+#include "store/layer/recordSet.h"
 
 #include <algorithm>
 
 #include "platform/fault.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
-#include "store/dialect.h"
+#include "store/layer/dialect.h"
 
 // ---- Field
 

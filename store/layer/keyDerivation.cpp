@@ -1,4 +1,4 @@
-#include "store/keyDerivation.h"
+#include "store/layer/keyDerivation.h"
 
 #include <fmt/format.h>
 #include <openssl/evp.h>

@@ -1,4 +1,4 @@
-#include "trial/run.h"
+#include "trial/run/run.h"
 
 #include <cmath>
 
@@ -10,6 +10,7 @@
 #include "forms/frmTavix.h"
 #include "forms/registry.h"
 #include "forms/windows.h"
+#include "knowledge/caseDraw.h"
 #include "knowledge/modLikely.h"
 #include "knowledge/modPatient.h"
 #include "knowledge/modSymptom.h"
@@ -19,15 +20,15 @@
 #include "platform/text.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
-#include "trial/endings.h"
-#include "trial/evaluation.h"
-#include "trial/modAppLoad.h"
-#include "trial/modAppRecord.h"
-#include "trial/modClock.h"
-#include "trial/modHealth.h"
-#include "trial/runHooks.h"
+#include "store/layer/openTable.h"
+#include "store/loading/modAppLoad.h"
+#include "store/record/Options.h"
+#include "store/record/modAppRecord.h"
+#include "trial/course/endings.h"
+#include "trial/course/modClock.h"
+#include "trial/course/modHealth.h"
+#include "trial/course/runHooks.h"
+#include "trial/run/evaluation.h"
 
 namespace run {
 
@@ -149,7 +150,7 @@ void startTrial() {
     runHook(runHooks().setupPatientDisplay);
     resetCounters();
     s.diagnosisStateId = s.subjectName + numberText::padded(s.trialNumber, 2) + "_00";
-    s.trialKey = modAppRecord::recordTrialStart();
+    s.trialKey = modAppRecord::recordTrialStart(modPatient::findingsText());
 }
 
 void endTrial(bool record) {
@@ -180,7 +181,7 @@ void abortForOptionsDuringTrial() {
 
 void abortForOptionsAfterTrial() {
     ++trialState.trialNumber;
-    trialState.trialKey = modAppRecord::recordTrialStart();
+    trialState.trialKey = modAppRecord::recordTrialStart(modPatient::findingsText());
     trialState.patients[trialState.currentPatient].status = endings::aborted;
     modAppRecord::recordTrialEnd();
     requestOptions();

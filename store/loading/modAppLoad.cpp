@@ -1,4 +1,4 @@
-#include "trial/modAppLoad.h"
+#include "store/loading/modAppLoad.h"
 
 #include <string>
 
@@ -13,9 +13,9 @@
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "store/openTable.h"
-#include "trial/runHooks.h"
+#include "store/layer/openTable.h"
+#include "store/record/Options.h"
+#include "trial/course/runHooks.h"
 
 namespace modAppLoad {
 

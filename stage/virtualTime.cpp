@@ -1,4 +1,4 @@
-#include "headless/virtualTime.h"
+#include "stage/virtualTime.h"
 
 #include <fmt/chrono.h>
 

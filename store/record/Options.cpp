@@ -1,4 +1,4 @@
-#include "store/Options.h"
+#include "store/record/Options.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "store/dialect.h"
+#include "store/layer/dialect.h"
 
 #include <cstddef>
 #include <string_view>

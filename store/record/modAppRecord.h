@@ -14,9 +14,9 @@ std::string trialStem();
 /// Subject, trial number and count of diagnoses: "kim03_02".
 std::string stateId();
 
-/// Adds the row of the trial, and with DiagnoseAllDiseases the state of the beliefs at its start. Returns
-/// the trial's key.
-std::string recordTrialStart();
+/// Adds the row of the trial, and with DiagnoseAllDiseases the state of the beliefs at its start. `findings`
+/// is the pattern of the patient's symptoms, a digit each. Returns the trial's key.
+std::string recordTrialStart(const std::string& findings);
 
 /// The main screen's belief meters as the state at the start, one column per symptom of the model. More
 /// than four symptoms fault with Subscript out of range.

@@ -1,4 +1,4 @@
-#include "trial/modClock.h"
+#include "trial/course/modClock.h"
 
 #include <cmath>
 
@@ -8,8 +8,8 @@
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "trial/endings.h"
+#include "store/record/Options.h"
+#include "trial/course/endings.h"
 
 namespace modClock {
 

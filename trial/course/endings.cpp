@@ -1,4 +1,4 @@
-#include "trial/endings.h"
+#include "trial/course/endings.h"
 
 #include <string>
 

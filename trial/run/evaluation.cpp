@@ -1,4 +1,4 @@
-#include "trial/evaluation.h"
+#include "trial/run/evaluation.h"
 
 #include <cmath>
 
@@ -8,9 +8,9 @@
 #include "platform/numberText.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/Options.h"
-#include "trial/endings.h"
-#include "trial/runHooks.h"
+#include "store/record/Options.h"
+#include "trial/course/endings.h"
+#include "trial/course/runHooks.h"
 
 namespace evaluation {
 

@@ -1,4 +1,4 @@
-#include "trial/runHooks.h"
+#include "trial/course/runHooks.h"
 
 RunHooks& runHooks() {
     static RunHooks hooks;

@@ -1,0 +1,52 @@
+#include "stage/scriptedHost.h"
+
+#include "platform/files.h"
+#include "stage/openBoxes.h"
+#include "stage/virtualTime.h"
+
+namespace scriptedHost {
+
+namespace {
+
+std::string programFolder;
+Player player;
+
+void tellWaits() {
+    if (player.waits) player.waits();
+}
+
+Answer showBox(const MessageBox& box) {
+    openBoxes::open(box);
+    tellWaits();
+    while (!openBoxes::newest()->answer) player.step();
+    return openBoxes::close();
+}
+
+}  // namespace
+
+bool begin(const Start& start, Player whoPlays) {
+    programFolder = start.folder;
+    player = std::move(whoPlays);
+    openBoxes::forget();
+    return virtualTime::begin(start.now);
+}
+
+Host make() {
+    Host host;
+    host.waitWhile = [](const std::function<bool()>& open) {
+        tellWaits();
+        while (open()) player.step();
+    };
+    host.messageBox = showBox;
+    host.yield = [] {};
+    host.milliseconds = virtualTime::milliseconds;
+    host.today = virtualTime::today;
+    host.timeOfDay = virtualTime::timeOfDay;
+    host.programFolder = [] { return programFolder; };
+    host.loadPicture = files::checkPicture;
+    return host;
+}
+
+void answerBox(Answer answer) { openBoxes::newest()->answer = answer; }
+
+}  // namespace scriptedHost
