@@ -89,7 +89,7 @@ void reach(Control& control) {
     const std::string reason = windows::refusal(control);
     if (!reason.empty()) throw Refused{reason};
     turnToPageOf(control);
-    windows::focusByPerson(control);
+    windows::setFocus(control);
 }
 
 void press(Control& control) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/fault.h"
 #include "platform/host.h"
 
 namespace windows {
@@ -103,12 +102,6 @@ Control* topModal() {
 void reset() { modals().clear(); }
 
 void setFocus(Control& control) {
-    if (!isUsable(control))
-        raiseFault(FaultNumber::InvalidCall, fullName(control) + " cannot take the focus");
-    makeActive(control);
-}
-
-void focusByPerson(Control& control) {
     if (takesFocus(control.kind) && isUsable(control)) makeActive(control);
 }
 

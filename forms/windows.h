@@ -30,11 +30,9 @@ Control* topModal();
 /// Forgets what is modal, for a run that begins anew.
 void reset();
 
-/// Gives the focus to a control. One that is hidden or disabled faults (Invalid procedure call).
+/// Gives the focus to a control. One that cannot take it (hidden, disabled, or of a kind that takes none)
+/// leaves it where it is: what the program would like to point at may be gone by the time it is said.
 void setFocus(Control& control);
-
-/// Focus moved by the person; a control that cannot take it leaves it where it is.
-void focusByPerson(Control& control);
 
 /// The control is its form's active one, and no modal form stands before that form.
 bool hasFocus(const Control& control);

@@ -112,7 +112,7 @@ void buildControls(Control& form) {
 void takeFocus(QWidget* /*old*/, QWidget* now) {
     if (faces::isShowing() || now == nullptr) return;
     Control* control = controlOf(now);
-    if (control != nullptr) windows::focusByPerson(*control);
+    if (control != nullptr) windows::setFocus(*control);
 }
 
 }  // namespace
