@@ -23,7 +23,7 @@
 #include "qt/mirror.h"
 #include "qt/realTimers.h"
 #include "screens/wiring.h"
-#include "store/layer/openTable.h"
+#include "store/layer/database.h"
 #include "store/record/modAppRecord.h"
 #include "tools/createStore.h"
 #include "trial/run/run.h"

@@ -28,8 +28,6 @@ void throughOpenTable() {
     notes.Fields("EventID") = "kim03_007";
     notes.Fields("ListItem") = "short of breath on the stairs";
     notes.Update();
-    notes.Close();
-    closeDatabase();
 }
 
 void bareEngine(const std::string& path, const std::string& key) {
@@ -88,7 +86,7 @@ int main(int argc, char** argv) {
         if (i < passwordRounds)
             password.all.push_back(milliseconds([&] { bareEngine(path, store::password); }));
     }
-    operation.print("openTable, AddNew, Update, closeDatabase");
+    operation.print("openTable, AddNew, Update, end of the set");
     bare.print("bare engine, raw key");
     password.print("bare engine, password each time");
     std::cout << fmt::format("operation / bare engine   {:.2f}\n", operation.at(0.5) / bare.at(0.5));

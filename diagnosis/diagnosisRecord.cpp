@@ -24,8 +24,6 @@ void recordHypotheses(const std::string& eventId) {
         rows.Fields("Belief") = frmDiagnosis.hsbBelief[i].value;
         rows.Update();
     }
-    rows.Close();
-    closeDatabase();
 }
 
 void recordBeliefs() {
@@ -36,8 +34,6 @@ void recordBeliefs() {
     }
     state.Fields("StateID") = trialState.diagnosisStateId;
     state.Update();
-    state.Close();
-    closeDatabase();
 }
 
 }  // namespace

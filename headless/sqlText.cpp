@@ -2,8 +2,8 @@
 
 #include "forms/person.h"
 #include "platform/numberText.h"
+#include "store/layer/database.h"
 #include "store/layer/engine.h"
-#include "store/layer/openTable.h"
 
 namespace sqlText {
 

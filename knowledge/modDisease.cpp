@@ -18,6 +18,27 @@ constexpr int termWidth = 15;
 /// A percent printed behind "0.": 5 gives 0.05, and 100 gives 0.100.
 std::string chanceText(Int16 percent) { return "0." + numberText::padded(percent, 2); }
 
+/// False where the engine says that there are rows and counts none. A scenario without any keeps the table
+/// that is there.
+bool readDiseaseSymptom() {
+    TrialState& s = trialState;
+    RecordSet rows = openTable(std::string("SELECT * FROM [tblDiseaseSymptom] ") +
+                                   "WHERE [tblDiseaseSymptom.Setting]='" + s.settingName + "'",
+                               true, "Retrieving Disease vs Symptom Table");
+    if (rows.isEOF()) return true;
+    s.symptomCount = rows.recordCount();
+    if (s.symptomCount == 0) return false;
+    s.diseaseSymptom.renew(s.symptomCount);
+    for (ProbabilityRow& row : s.diseaseSymptom) {
+        row.initVisible = rows.Fields("InitVisible").isTrue();
+        row.count = rows.Fields("Count").short16();
+        row.percents = modDisease::readPercents(rows, row.count);
+        rows.MoveNext();
+    }
+    s.tableDiseaseCount = s.diseaseSymptom[0].count;
+    return true;
+}
+
 }  // namespace
 
 const ProbabilityRow& currentBaseRates() { return trialState.baseRates[trialState.settingIndex]; }
@@ -33,42 +54,21 @@ void loadBaseRates() {
     RecordSet rows =
         openTable(std::string("SELECT * FROM [tblBaseRates] ") + "ORDER BY [tblBaseRates.Setting]", true,
                   "Opening base rates");
-    if (!rows.isEOF()) {
-        trialState.baseRateRows = rows.recordCount();
-        trialState.baseRates.renew(trialState.baseRateRows);
-        for (ProbabilityRow& row : trialState.baseRates) {
-            row.setting = rows.Fields("Setting").text();
-            row.count = rows.Fields("Count").short16();
-            row.percents = readPercents(rows, row.count);
-            rows.MoveNext();
-        }
+    if (rows.isEOF()) return;
+    trialState.baseRateRows = rows.recordCount();
+    trialState.baseRates.renew(trialState.baseRateRows);
+    for (ProbabilityRow& row : trialState.baseRates) {
+        row.setting = rows.Fields("Setting").text();
+        row.count = rows.Fields("Count").short16();
+        row.percents = readPercents(rows, row.count);
+        rows.MoveNext();
     }
-    rows.Close();
-    closeDatabase();
 }
 
 void loadDiseaseSymptom() {
-    TrialState& s = trialState;
-    RecordSet rows = openTable(std::string("SELECT * FROM [tblDiseaseSymptom] ") +
-                                   "WHERE [tblDiseaseSymptom.Setting]='" + s.settingName + "'",
-                               true, "Retrieving Disease vs Symptom Table");
-    if (!rows.isEOF()) {
-        s.symptomCount = rows.recordCount();
-        if (s.symptomCount == 0) {
-            tell("No Disease Symptom Table for setting " + s.settingName, "Error");
-            endProgram();
-        }
-        s.diseaseSymptom.renew(s.symptomCount);
-        for (ProbabilityRow& row : s.diseaseSymptom) {
-            row.initVisible = rows.Fields("InitVisible").isTrue();
-            row.count = rows.Fields("Count").short16();
-            row.percents = readPercents(rows, row.count);
-            rows.MoveNext();
-        }
-        s.tableDiseaseCount = s.diseaseSymptom[0].count;
-    }
-    rows.Close();
-    closeDatabase();
+    if (readDiseaseSymptom()) return;
+    tell("No Disease Symptom Table for setting " + trialState.settingName, "Error");
+    endProgram();
 }
 
 std::string baseRateText() {

@@ -45,8 +45,6 @@ void readRoster() {
     s.patientCount = rows.recordCount();
     s.patients = {};
     for (; !rows.isEOF(); rows.MoveNext()) s.patients.add(readPatient(rows));
-    rows.Close();
-    closeDatabase();
     s.patientsSeen = 0;
 }
 
@@ -64,8 +62,6 @@ void resumeSubject() {
         s.trialNumber = trials.Fields("Trial").short16();
         Options.InitScore.set(trials.Fields("Score").text());
     }
-    trials.Close();
-    closeDatabase();
 }
 
 void cycleRoster() {

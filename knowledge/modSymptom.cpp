@@ -40,8 +40,6 @@ void recordSymptomNote(const std::string& note, bool fromIntro) {
     notes.Fields("ListItem") = note;
     if (fromIntro) notes.Fields("FromIntro") = storedFlag;
     notes.Update();
-    notes.Close();
-    closeDatabase();
 }
 
 void markDeleted(const std::string& note) {
@@ -55,8 +53,6 @@ void markDeleted(const std::string& note) {
         notes.Fields("Deleted") = storedFlag;
         notes.Update();
     }
-    notes.Close();
-    closeDatabase();
 }
 
 }  // namespace

@@ -52,8 +52,6 @@ void recordIssuedTest(const std::string& eventId, Int16 index) {
     tests.Fields("Test") = frmTavix.optTest[index].caption;
     tests.Fields("Result") = trialState.tests[index].result;
     tests.Update();
-    tests.Close();
-    closeDatabase();
 }
 
 void moveChart(Control& chart) {
@@ -103,8 +101,6 @@ void loadTests() {
         setCaption(frmTavix.lblTestTime[i], rows.Fields("Length").text());
         rows.MoveNext();
     }
-    rows.Close();
-    closeDatabase();
 }
 
 void resetTests() {

@@ -80,8 +80,6 @@ void addTreatmentRow(const std::string& eventId, Int16 healPercent, Int16 hurtPe
     rows.Fields("Hurt") = hurtPercent;
     if (trialState.harmed) rows.Fields("Harm") = 1;
     rows.Update();
-    rows.Close();
-    closeDatabase();
 }
 
 /// The one operation of the case knowledge that traps its own failures: the run goes on.
@@ -90,14 +88,12 @@ void recordTreatment(const std::string& eventId, Int16 healPercent, Int16 hurtPe
         ++trialState.treatmentCount;
         addTreatmentRow(eventId, healPercent, hurtPercent);
     } catch (const Fault&) {
-        closeDatabase();
         tell("Please check database file", "Problems reading from treatment table");
     }
 }
 
-}  // namespace
-
-void loadTreatments() {
+/// A scenario without treatments keeps the list that is there.
+void readTreatments() {
     TrialState& s = trialState;
     RecordSet rows = openTable(std::string("SELECT * FROM [tblTreatments] ") +
                                    "WHERE [tblTreatments.Setting]='" + s.settingName + "'",
@@ -113,10 +109,14 @@ void loadTreatments() {
             rows.MoveNext();
         }
     }
-    rows.Close();
-    closeDatabase();
+}
+
+}  // namespace
+
+void loadTreatments() {
+    readTreatments();
     clearItems(frmTavix.cboTreatment);
-    for (const Treatment& treatment : s.treatments) addItem(frmTavix.cboTreatment, treatment.type);
+    for (const Treatment& treatment : trialState.treatments) addItem(frmTavix.cboTreatment, treatment.type);
 }
 
 void displayTreatments() {

@@ -25,8 +25,6 @@ List<std::string> readTerms(const std::string& type, const std::string& status, 
     List<std::string> terms;
     for (; !rows.isEOF() && terms.size() < Int32(limit); rows.MoveNext())
         terms.add(rows.Fields("Term").text());
-    rows.Close();
-    closeDatabase();
     return terms;
 }
 
@@ -57,6 +55,20 @@ std::string joined(const List<Term>& terms, Int16 count) {
     std::string list = terms[0].term;
     for (Int16 i = 1; i < count; ++i) list += "," + terms[i].term;
     return list;
+}
+
+/// False if the subject has none in this scenario.
+bool readTermOrders() {
+    TrialState& s = trialState;
+    RecordSet orders = openTable(std::string("SELECT DiseaseOrder, TestOrder ") + "FROM [SubjectSettings] " +
+                                     "WHERE [Subject]='" + s.subjectName + "' " + "AND [Setting]='" +
+                                     frmLogin.cboType.text + "'",
+                                 true, "Restoring symptom and disease terms");
+    if (orders.isEOF()) return false;
+    putWords(termOrders::parseTermList(orders.Fields("DiseaseOrder").text()), s.diseaseTerms, s.diseaseCount);
+    putWords(termOrders::parseTermList(orders.Fields("TestOrder").text()), s.symptomTerms,
+             s.symptomTermCount);
+    return true;
 }
 
 }  // namespace
@@ -93,24 +105,10 @@ void recordTermOrders() {
     orders.Fields("TestOrder") = joined(trialState.symptomTerms, trialState.symptomCount);
     orders.Fields("DiseaseOrder") = joined(trialState.diseaseTerms, trialState.diseaseCount);
     orders.Update();
-    orders.Close();
-    closeDatabase();
 }
 
 void restoreTermOrders() {
-    TrialState& s = trialState;
-    RecordSet orders = openTable(std::string("SELECT DiseaseOrder, TestOrder ") + "FROM [SubjectSettings] " +
-                                     "WHERE [Subject]='" + s.subjectName + "' " + "AND [Setting]='" +
-                                     frmLogin.cboType.text + "'",
-                                 true, "Restoring symptom and disease terms");
-    const bool stored = !orders.isEOF();
-    if (stored) {
-        putWords(parseTermList(orders.Fields("DiseaseOrder").text()), s.diseaseTerms, s.diseaseCount);
-        putWords(parseTermList(orders.Fields("TestOrder").text()), s.symptomTerms, s.symptomTermCount);
-    }
-    orders.Close();
-    closeDatabase();
-    if (!stored) loadVocabulary();
+    if (!readTermOrders()) loadVocabulary();
 }
 
 List<std::string> parseTermList(const std::string& listText) {

@@ -154,8 +154,6 @@ bool isNewSubject() {
     for (; !subjects.isEOF() && !known; subjects.MoveNext()) {
         known = text::lowerCase(subjects.Fields("Subject").text()) == wanted;
     }
-    subjects.Close();
-    closeDatabase();
     return !known;
 }
 
@@ -170,8 +168,6 @@ void recordSubject() {
     subjects.Fields("Time") = host().timeOfDay();
     subjects.Fields("History") = text::left(frmNewSubject.txtHistory.text, historyLimit);
     subjects.Update();
-    subjects.Close();
-    closeDatabase();
 }
 
 }  // namespace signIn

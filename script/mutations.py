@@ -51,7 +51,7 @@ m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only 
 m('T04', 'store/layer/engine.cpp', '    sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts);\n', '    static_cast<void>(compareTexts);\n', "the store's texts compare without accents' case")
 m('T06', 'store/layer/engine.cpp', 'execute(database, "BEGIN EXCLUSIVE");', 'execute(database, "BEGIN");', 'a writable set takes the file at once', K)
 m('T08', 'store/layer/openTable.cpp', 'readOnly ? engine::Access::Read : engine::Access::Write', 'engine::Access::Write', 'a snapshot is opened for reading')
-m('T10', 'store/layer/recordSet.cpp', '        engine::execute(*database, "COMMIT");\n        engine::execute(*database, "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
+m('T10', 'store/layer/recordSet.cpp', '        engine::execute(database(), "COMMIT");\n        engine::execute(database(), "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
 m('T12', 'store/layer/recordSet.cpp', 'return !isNull() && number() != 0.0;', 'return !isNull() && number() == 1.0;', '-1 is true')
 m('T14', 'store/layer/keyDerivation.cpp', 'known[{password, salt}]', 'known[{password, Salt{}}]', 'a key belongs to its salt')
 m('T16', 'store/layer/schema.cpp', '{{"H", "", "belief of the row in percent", 6, true}}', '{{"H", "", "belief of the row in percent", 4, true}}', 'six columns of beliefs')
@@ -90,7 +90,7 @@ m('K23', 'knowledge/modTreatments.cpp', '        tell("Please check database fil
 m('K25', 'knowledge/modTreatments.cpp', '    if (line < 0) return;\n', '    if (line <= 0) return;\n', "the header's line empties the choice")
 m('K27', 'knowledge/termOrders.cpp', 'constexpr int mostDiseases = 4;', 'constexpr int mostDiseases = 5;', 'four diseases at most')
 m('K29', 'knowledge/modTests.cpp', '    while (test.etaMinute >= minutesInHour) {', '    while (test.etaMinute > minutesInHour) {', 'sixty minutes are an hour')
-m('K31', 'knowledge/modTreatments.cpp', '    } catch (const Fault&) {\n        closeDatabase();\n', '    } catch (const std::nullptr_t&) {\n        closeDatabase();\n', 'a treatment that cannot be recorded does not end the run')
+m('K31', 'knowledge/modTreatments.cpp', '    } catch (const Fault&) {\n', '    } catch (const std::nullptr_t&) {\n', 'a treatment that cannot be recorded does not end the run')
 # ---- diagnosis
 m('D02', 'diagnosis/modDiagnosis.cpp', '    const Guess guess = takeGuess();\n    focusLastName();\n', '    const Guess guess = takeGuess();\n', 'the dialog comes back with the focus on the last name')
 m('D04', 'diagnosis/modDiagnosis.cpp', '        if (Options.DiagnoseAllDiseases) enableTime(true);\n', '        enableTime(true);\n', 'a cancel starts time again only with all diseases')

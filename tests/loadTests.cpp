@@ -31,7 +31,6 @@ protected:
         modAppLoad::listSettings();
         choose("Plain");
     }
-    void TearDown() override { closeDatabase(); }
 
     static void choose(const std::string& setting) {
         setText(frmLogin.cboType, setting);
@@ -60,7 +59,6 @@ protected:
                 all += rows.Fields(column).text() + "|";
             all += "\n";
         }
-        closeDatabase();
         return all;
     }
 

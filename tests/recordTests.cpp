@@ -43,7 +43,6 @@ protected:
         windows::show(frmTavix.form);
         runHook(runHooks().showTrialFrames);
     }
-    void TearDown() override { closeDatabase(); }
 
     /// The rows of a selection, fields parted by "|" and rows by "/"; an empty field reads "-".
     static std::string rows(const std::string& columns, const std::string& from) {
@@ -59,8 +58,6 @@ protected:
                 at = end + 1;
             }
         }
-        set.Close();
-        closeDatabase();
         return result;
     }
 };

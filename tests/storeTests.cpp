@@ -34,7 +34,6 @@ protected:
         };
         host().endProgram = [](int) { throw Stopped{}; };
     }
-    void TearDown() override { closeDatabase(); }
 
     /// What the engine's own command-line tool reads with the password.
     [[nodiscard]] std::string tool(const std::string& statement) const {
@@ -48,15 +47,11 @@ void addSubject(const std::string& name) {
     subjects.AddNew();
     subjects.Fields("Subject") = name;
     subjects.Update();
-    subjects.Close();
-    closeDatabase();
 }
 
 int subjectCount() {
     RecordSet subjects = openTable("SubjectInfo", true, "New User Check");
-    const int count = subjects.recordCount().toInt();
-    closeDatabase();
-    return count;
+    return subjects.recordCount().toInt();
 }
 
 TEST(Dialect, TurnsTheModulesStatementsIntoTheEngines) {
@@ -72,17 +67,17 @@ TEST(Dialect, TurnsTheModulesStatementsIntoTheEngines) {
 }
 
 TEST_F(Store, OpensInTheEnginesToolAndKeepsTypes) {
-    RecordSet trial = openTable("dataTrial", false, "test");
-    trial.AddNew();
-    trial.Fields("Subject") = "kim";
-    trial.Fields("Trial") = Int16(3);
-    trial.Fields("Penalty") = 21.875;
-    trial.Fields("Saved") = 1;
-    trial.Update();
-    trial.AddNew();
-    trial.Update();
-    trial.Close();
-    closeDatabase();
+    {
+        RecordSet trial = openTable("dataTrial", false, "test");
+        trial.AddNew();
+        trial.Fields("Subject") = "kim";
+        trial.Fields("Trial") = Int16(3);
+        trial.Fields("Penalty") = 21.875;
+        trial.Fields("Saved") = 1;
+        trial.Update();
+        trial.AddNew();
+        trial.Update();
+    }
     EXPECT_EQ(
         tool("SELECT Subject, Trial, Penalty, Saved, Score IS NULL FROM dataTrial; PRAGMA integrity_check;"),
         "kim|3|21.875|1|1\n||||1\nok\n");
@@ -128,8 +123,6 @@ TEST_F(Store, RowsOfOneOperationAreKeptOneByOne) {
             return 0;
         }(),
         FaultNumber::ItemNotFound);
-    // As after the end of the program: nothing was closed in order.
-    closeDatabase();
     EXPECT_EQ(tool("SELECT Guess FROM dataHypotheses;"), "first\n");
 }
 

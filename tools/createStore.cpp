@@ -12,9 +12,9 @@
 #include "platform/files.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
+#include "store/layer/database.h"
 #include "store/layer/dialect.h"
 #include "store/layer/engine.h"
-#include "store/layer/openTable.h"
 #include "store/layer/schema.h"
 #include "tools/csv.h"
 

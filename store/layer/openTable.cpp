@@ -5,15 +5,9 @@
 #include "platform/host.h"
 #include "platform/randomSource.h"
 
-namespace store {
-
-std::string path() { return host().programFolder() + "/data/TavixData.mdb"; }
-
-}  // namespace store
-
 namespace {
 
-engine::Database db;
+using Connection = std::weak_ptr<engine::Connection>;
 
 constexpr int lockAttempts = 10;
 
@@ -48,40 +42,43 @@ void retryLock(const engine::Error& error, Int16& lockCount, const std::string& 
 }
 
 /// A handle was missing: one attempt without password and for writing. A failure here is a fault.
-void openWithPathAlone() {
+Connection openWithPathAlone() {
     try {
-        db = engine::open(store::path(), {}, engine::Access::Write);
+        return store::openDatabase({}, engine::Access::Write);
     } catch (const engine::Error& error) {
         throw Fault{error.number, error.text};
     }
 }
 
-void recover(const engine::Error& error, Int16& lockCount, const std::string& status) {
+/// What the failed statement is to be run on again; an expired connection asks for a new one.
+Connection recover(const engine::Error& error, Int16& lockCount, const std::string& status) {
     switch (error.number) {
-        case engine::handleNotSet: openWithPathAlone(); break;
+        case engine::handleNotSet: return openWithPathAlone();
         case engine::couldNotLockFile:
         case engine::lockCountExceeded:
         case engine::lockedByAnother: retryLock(error, lockCount, status); break;
         case engine::changedByAnother: break;
         default: finalDialog(error, status);
     }
+    return {};
 }
 
 }  // namespace
 
 RecordSet openTable(const std::string& source, bool readOnly, const std::string& status) {
     Int16 lockCount;
-    db.reset();
+    Connection connection;
     while (true) {
         try {
-            if (!db)
-                db = engine::open(store::path(), store::password,
-                                  readOnly ? engine::Access::Read : engine::Access::Write);
-            return RecordSet::open(*db, source, readOnly);
+            if (connection.expired())
+                connection = store::openDatabase(store::password,
+                                                 readOnly ? engine::Access::Read : engine::Access::Write);
+            return RecordSet::open(connection, source, readOnly);
         } catch (const engine::Error& error) {
-            recover(error, lockCount, status);
+            // A box may stand for hours, and a tick may come in at the yield: others get the file meanwhile,
+            // and the next attempt finds a store that was put in its place.
+            closeDatabase();
+            connection = recover(error, lockCount, status);
         }
     }
 }
-
-void closeDatabase() { db.reset(); }

@@ -5,6 +5,7 @@
 #include "platform/fault.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
+#include "store/layer/database.h"
 #include "store/layer/dialect.h"
 
 // ---- Field
@@ -57,30 +58,40 @@ const Field& Field::operator=(bool value) const { return put(std::int64_t{value 
 
 // ---- RecordSet
 
-RecordSet RecordSet::open(engine::Connection& database, const std::string& source, bool readOnly) {
+RecordSet RecordSet::open(const std::weak_ptr<engine::Connection>& connection, const std::string& source,
+                          bool readOnly) {
     RecordSet set;
-    set.database = &database;
+    set.connection = connection;
     set.source = dialect::translate(source);
     set.table = dialect::tableOf(source);
     set.readOnly = readOnly;
     if (readOnly) {
-        engine::Rows rows = engine::query(database, set.source);
+        engine::Rows rows = engine::query(set.database(), set.source);
         set.columns = std::move(rows.columns);
         set.rows = std::move(rows.rows);
         set.loaded = true;
     } else {
-        // The lock last: a statement that is refused must leave the file free while a box asks what to do.
-        set.columns = engine::columnsOf(database, set.source);
-        engine::lock(database);
+        // The lock last: it is held for the rows and not while the statement is looked at.
+        set.columns = engine::columnsOf(set.database(), set.source);
+        engine::lock(set.database());
     }
     return set;
+}
+
+RecordSet::~RecordSet() {
+    if (!connection.expired()) closeDatabase();
+}
+
+engine::Connection& RecordSet::database() const {
+    if (connection.expired()) throw Fault{engine::handleNotSet, "the store has been closed (" + table + ")"};
+    return *connection.lock();
 }
 
 /// Rows of a writable set come in when they are first asked for: most sets are opened only to add.
 void RecordSet::load() {
     if (loaded) return;
     try {
-        rows = engine::query(*database, dialect::withRowNumber(source)).rows;
+        rows = engine::query(database(), dialect::withRowNumber(source)).rows;
     } catch (const engine::Error& error) {
         throw Fault{error.number, error.text};
     }
@@ -129,8 +140,8 @@ void RecordSet::Update() {
     try {
         mode == Mode::Adding ? insertRow() : updateRow();
         // On the disk now, and the file still this connection's own for the rows that follow.
-        engine::execute(*database, "COMMIT");
-        engine::execute(*database, "BEGIN EXCLUSIVE");
+        engine::execute(database(), "COMMIT");
+        engine::execute(database(), "BEGIN EXCLUSIVE");
     } catch (const engine::Error& error) {
         throw Fault{error.number, error.text + " (" + table + ")"};
     }
@@ -149,9 +160,9 @@ void RecordSet::insertRow() {
     }
     const std::string into = "INSERT INTO " + dialect::quoted(table);
     if (values.empty()) {
-        engine::execute(*database, into + " DEFAULT VALUES");
+        engine::execute(database(), into + " DEFAULT VALUES");
     } else {
-        engine::execute(*database, into + " (" + names + ") VALUES (" + places + ")", values);
+        engine::execute(database(), into + " (" + names + ") VALUES (" + places + ")", values);
     }
 }
 
@@ -165,10 +176,8 @@ void RecordSet::updateRow() {
     }
     if (!values.empty()) {
         values.push_back(rows[current][0]);
-        engine::execute(*database,
+        engine::execute(database(),
                         "UPDATE " + dialect::quoted(table) + " SET " + changes + " WHERE rowid = ?", values);
     }
     std::copy(buffer.begin(), buffer.end(), rows[current].begin() + 1);
 }
-
-void RecordSet::Close() { *this = RecordSet{}; }

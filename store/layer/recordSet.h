@@ -1,7 +1,9 @@
 // Record sets: the rows of one table or selection, read forward and changed row by row. A read-only set is
-// a snapshot. Every Update is on the disk when it returns.
+// a snapshot. Every Update is on the disk when it returns. A set owns its use of the file: the file is closed
+// when the set goes, also where a fault unwinds, so that no station is locked out while a box stands.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,9 +44,17 @@ private:
 };
 
 struct RecordSet {
-    /// Opens the set on a database that stays open as long as the set is in use. Failures are engine errors,
-    /// all of them here: a writable set takes the file for itself at once.
-    static RecordSet open(engine::Connection& database, const std::string& source, bool readOnly);
+    /// Opens the set on the connection in use. Failures are engine errors, all of them here: a writable set
+    /// takes the file for itself at once.
+    static RecordSet open(const std::weak_ptr<engine::Connection>& connection, const std::string& source,
+                          bool readOnly);
+
+    RecordSet(RecordSet&&) = default;
+    RecordSet& operator=(RecordSet&&) = delete;
+    RecordSet(const RecordSet&) = delete;
+    RecordSet& operator=(const RecordSet&) = delete;
+    /// Closes the file, unless a later set has replaced the connection. Never throws.
+    ~RecordSet();
 
     /// No current record: the set is empty or read to its end. (EOF itself is a macro of the C library.)
     [[nodiscard]] bool isEOF();
@@ -59,18 +69,17 @@ struct RecordSet {
     /// Writes the row to the disk. A failure of the engine is a fault with its number and text.
     void Update();
 
-    /// Ends the use of the set; the database is closed apart from it.
-    void Close();
-
 private:
     friend struct Field;
     enum class Mode { Browsing, Adding, Editing };
 
+    RecordSet() = default;
+    [[nodiscard]] engine::Connection& database() const;
     void load();
     void insertRow();
     void updateRow();
 
-    engine::Connection* database = nullptr;
+    std::weak_ptr<engine::Connection> connection;  // expires when the file is closed
     std::string source;
     std::string table;
     bool readOnly = true;

@@ -32,41 +32,25 @@ void loadStartTime(RecordSet& row) {
     Options.StartMin.set(zero + textOrEmpty(minute));
 }
 
-/// One column for two flags that exclude each other; an empty one leaves both as they are.
-void loadTreatmentProperty(RecordSet& row) {
+/// One column for two flags that exclude each other; an empty one leaves both as they are. False for a value
+/// that is none of the three.
+bool loadTreatmentProperty(RecordSet& row) {
     const Field property = row.Fields("TreatmentProperty");
-    if (property.isNull()) return;
+    if (property.isNull()) return true;
     const double value = property.number();
-    if (value != 1 && value != 0 && value != -1) {
-        tell("Error in TreatmentProperty of options in database file, table tblAppDefault");
-        endProgram();
-    }
+    if (value != 1 && value != 0 && value != -1) return false;
     Options.OneTreatment.set(value == 1);
     Options.Risk.set(value == -1);
+    return true;
 }
 
-}  // namespace
+enum class Outcome { Loaded, NoRow, OddTreatmentProperty };
 
-void listSettings() {
-    RecordSet settings =
-        openTable(std::string("SELECT * FROM [tblAppDefault] ") + "ORDER BY [tblAppDefault.Setting]", true,
-                  "opening tblAppDefault table for settings");
-    Control& list = frmLogin.cboType;
-    for (; !settings.isEOF(); settings.MoveNext()) addItem(list, settings.Fields("Setting").text());
-    settings.Close();
-    closeDatabase();
-    if (!list.items.empty()) setText(list, list.items.front());
-}
-
-void loadOptions() {
-    runHook(runHooks().loadOptionsForm);
+Outcome readOptions() {
     RecordSet row =
         openTable("SELECT * FROM [tblAppDefault] WHERE [Setting]='" + trialState.settingName + "'", true,
                   "Loading options");
-    if (row.isEOF()) {
-        tell("Settings in tblappdefault were somehow deleted", "Weird option load error");
-        endProgram();
-    }
+    if (row.isEOF()) return Outcome::NoRow;
     trialState.testLengthSetting = textOrEmpty(row.Fields("TestLengthSetting"));
     Options.Time.set(row.Fields("Time").short16());
     Options.SimRate.set(row.Fields("SimRate").short16());
@@ -77,9 +61,34 @@ void loadOptions() {
         if (row.Fields(column.column).isTrue()) (Options.*column.flag).set(true);
     }
     // After DoTreatments, whose own rule sets the two flags as well.
-    loadTreatmentProperty(row);
-    row.Close();
-    closeDatabase();
+    return loadTreatmentProperty(row) ? Outcome::Loaded : Outcome::OddTreatmentProperty;
+}
+
+void readSettings(Control& list) {
+    RecordSet settings =
+        openTable(std::string("SELECT * FROM [tblAppDefault] ") + "ORDER BY [tblAppDefault.Setting]", true,
+                  "opening tblAppDefault table for settings");
+    for (; !settings.isEOF(); settings.MoveNext()) addItem(list, settings.Fields("Setting").text());
+}
+
+}  // namespace
+
+void listSettings() {
+    Control& list = frmLogin.cboType;
+    readSettings(list);
+    if (!list.items.empty()) setText(list, list.items.front());
+}
+
+void loadOptions() {
+    runHook(runHooks().loadOptionsForm);
+    const Outcome outcome = readOptions();
+    if (outcome == Outcome::Loaded) return;
+    if (outcome == Outcome::NoRow) {
+        tell("Settings in tblappdefault were somehow deleted", "Weird option load error");
+    } else {
+        tell("Error in TreatmentProperty of options in database file, table tblAppDefault");
+    }
+    endProgram();
 }
 
 void loadCaseData() {
@@ -93,7 +102,6 @@ void loadCaseData() {
     }
     modTests::loadTests();
     modTreatments::loadTreatments();
-    closeDatabase();
 }
 
 void changeSetting() {

@@ -16,11 +16,12 @@ std::string trialStem() {
 
 std::string stateId() { return trialStem() + numberText::padded(trialState.diagnosisCount, 2); }
 
-std::string recordTrialStart(const std::string& findings) {
+namespace {
+
+void addTrial(const std::string& findings) {
     const TrialState& s = trialState;
     RecordSet trial = openTable("dataTrial", false, "Recording pre-trial information");
     trial.AddNew();
-    const std::string trialKey = trialStem();
     trial.Fields("Subject") = s.subjectName;
     trial.Fields("Setting") = s.settingName;
     trial.Fields("Date") = host().today();
@@ -31,8 +32,13 @@ std::string recordTrialStart(const std::string& findings) {
     trial.Fields("Disease") = s.patients[s.currentPatient].disease;
     trial.Fields("Score") = s.score;
     trial.Update();
-    trial.Close();
-    closeDatabase();
+}
+
+}  // namespace
+
+std::string recordTrialStart(const std::string& findings) {
+    addTrial(findings);
+    const std::string trialKey = trialStem();
     if (Options.DiagnoseAllDiseases) recordInitialHypothesisState();
     return trialKey;
 }
@@ -45,8 +51,6 @@ void recordInitialHypothesisState() {
         state.Fields("H" + numberText::whole(i + 1)) = frmTavix.hsbBelief[i].value;
     }
     state.Update();
-    state.Close();
-    closeDatabase();
 }
 
 std::string recordEvent(const std::string& action, Int16 actionNum, const std::string& input, bool output) {
@@ -68,8 +72,6 @@ std::string recordEvent(const std::string& action, Int16 actionNum, const std::s
     events.Fields("DiagnosisID") = s.diagnosisStateId;
     const std::string eventId = events.Fields("EventID").text();
     events.Update();
-    events.Close();
-    closeDatabase();
     return eventId;
 }
 
@@ -91,19 +93,15 @@ void recordFeedback(RecordSet& trial) {
     trial.Fields("pCorrectHarm") = f.lblActualHurt.caption;
 }
 
-}  // namespace
-
-void recordTrialEnd() {
+/// False if the row that the start wrote has gone from the store.
+bool completeTrial() {
     const TrialState& s = trialState;
     const Patient& patient = s.patients[s.currentPatient];
     RecordSet trial =
         openTable(std::string("SELECT * FROM [dataTrial] ") + "WHERE [dataTrial.Subject]='" + s.subjectName +
                       "' AND " + "[dataTrial.Trial]=" + numberText::whole(s.trialNumber),
                   false, "Recording end of trial information");
-    if (trial.isEOF()) {
-        tell("Trial start index somehow was not stored", "Error post-recording trial");
-        endProgram();
-    }
+    if (trial.isEOF()) return false;
     trial.Edit();
     trial.Fields("EndTime") = host().timeOfDay();
     trial.Fields("SimTime") = s.simTimeText;
@@ -119,8 +117,15 @@ void recordTrialEnd() {
     trial.Fields("Result") = patient.status;
     if (s.patientSaved) trial.Fields("Saved") = 1;
     trial.Update();
-    trial.Close();
-    closeDatabase();
+    return true;
+}
+
+}  // namespace
+
+void recordTrialEnd() {
+    if (completeTrial()) return;
+    tell("Trial start index somehow was not stored", "Error post-recording trial");
+    endProgram();
 }
 
 }  // namespace modAppRecord

@@ -20,7 +20,6 @@
 #include "platform/text.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
-#include "store/layer/openTable.h"
 #include "store/loading/modAppLoad.h"
 #include "store/record/Options.h"
 #include "store/record/modAppRecord.h"
@@ -191,7 +190,6 @@ void abortForOptionsAfterTrial() {
 void closeApplication() { endProgram(); }
 
 void reset() {
-    closeDatabase();
     registry::designForms();
     trialState = {};
     trialEvaluation = {};

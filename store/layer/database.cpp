@@ -1,0 +1,23 @@
+#include "store/layer/database.h"
+
+#include "platform/host.h"
+
+namespace {
+
+std::shared_ptr<engine::Connection> db;
+
+}  // namespace
+
+namespace store {
+
+std::string path() { return host().programFolder() + "/data/TavixData.mdb"; }
+
+std::weak_ptr<engine::Connection> openDatabase(const std::string& filePassword, engine::Access access) {
+    closeDatabase();
+    db = engine::open(path(), filePassword, access);
+    return db;
+}
+
+}  // namespace store
+
+void closeDatabase() noexcept { db.reset(); }
