@@ -175,6 +175,15 @@ void writePicture(const std::string& file) {
     acting.picture(file);
 }
 
+/// Another command, which may be refused: that is said, and the script goes on.
+void tryCommand(const CommandLine& line) {
+    try {
+        execute(line.lastOf(1));
+    } catch (const Refused& refused) {
+        print("refused: " + properties::onOneLine(refused.reason));
+    }
+}
+
 struct Command {
     std::size_t fewest;  ///< arguments
     const char* form;
@@ -223,6 +232,7 @@ const std::map<std::string, Command>& table() {
         {"box", {0, "", [](Line) { printBox(); }}},
         {"sql", {1, "STATEMENT", [](Line l) { std::cout << sqlText::rows(l.lastOf(1)); }}},
         {"expect", {2, "TARGET TEXT", expectTarget}},
+        {"try", {1, "COMMAND", tryCommand}},
         {"picture", {1, "FILE", [](Line l) { writePicture(l.arguments[0]); }}},
     };
     return commands;
