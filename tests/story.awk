@@ -180,6 +180,7 @@ function play(part,    verb, rest, at, word) {
 function commandOf(command,    verb, rest, name) {
     verb = command; sub(/ .*/, "", verb)
     if (!match(command, / [^ ]+/)) return command
+    if (verb == "try") return "try " commandOf(substr(command, 5))
     name = substr(command, RSTART + 1, RLENGTH - 1)
     if (verb == "run") {
         match(command, /until [^ ]+/)

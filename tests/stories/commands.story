@@ -5,10 +5,10 @@ refused nothing
 refused click T.cmdPrescribe
 refused slide T.tabTavix 1
 refused answer OK
-try get T.fraStatus.caption
-> Status
+try get T.fraScore.caption
+> Score
 expect T.lblClock.caption 01:00
-@start fails line 3: expected "Logon", found "Login"
+@start fails line 4: expected "Logon", found "Login"
 L.caption = Login | get L.caption
 > Login
 L.caption = Logon
