@@ -52,8 +52,8 @@ void wire() {
     for (Control& box : f.txtTime) {
         box.on.key = [&box](int code) { return keyInTime(box, code); };
     }
-    f.chkOneTreatment.on.click = [&f] { untickOther(f.chkOneTreatment, f.chkRisk); };
-    f.chkRisk.on.click = [&f] { untickOther(f.chkRisk, f.chkOneTreatment); };
+    f.chkOneTreatment.on.click = [] { untickOther(frmOptions.chkOneTreatment, frmOptions.chkRisk); };
+    f.chkRisk.on.click = [] { untickOther(frmOptions.chkRisk, frmOptions.chkOneTreatment); };
     f.chkTreatments.on.click = treatmentsClicked;
     f.cmdStart.on.click = modClock::startOptions;
 }
