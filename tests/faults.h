@@ -5,12 +5,12 @@
 
 #include "platform/fault.h"
 
-#define EXPECT_FAULT(expression, wanted)                                      \
-    do {                                                                      \
-        try {                                                                 \
-            static_cast<void>(expression);                                    \
-            ADD_FAILURE() << #expression << " does not fault";                \
-        } catch (const Fault& fault) {                                        \
-            EXPECT_EQ(fault.number, static_cast<int>(wanted)) << #expression; \
-        }                                                                     \
+#define EXPECT_FAULT(statement, wanted)                                      \
+    do {                                                                     \
+        try {                                                                \
+            static_cast<void>(statement);                                    \
+            ADD_FAILURE() << #statement << " does not fault";                \
+        } catch (const Fault& fault) {                                       \
+            EXPECT_EQ(fault.number, static_cast<int>(wanted)) << #statement; \
+        }                                                                    \
     } while (false)

@@ -1,11 +1,14 @@
+// The ground: number texts, checked integers, texts, files and draws.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "platform/checkedInteger.h"
+#include "platform/files.h"
 #include "platform/list.h"
 #include "platform/numberText.h"
 #include "platform/randomSource.h"
@@ -14,38 +17,25 @@
 
 namespace {
 
-struct TextCase {
-    double value;
-    const char* text;
-};
-
-TEST(NumberText, TwoDecimalsRoundHalvesAwayOnTheDecimalForm) {
-    for (const TextCase& c :
-         {TextCase{0, "0.00"}, TextCase{0.285, "0.29"}, TextCase{0.005, "0.01"}, TextCase{1.005, "1.01"},
-          TextCase{0.994999, "0.99"}, TextCase{0.995, "1.00"}, TextCase{9.995, "10.00"},
-          TextCase{1e-9, "0.00"}, TextCase{-0.125, "-0.13"}, TextCase{-0.001, "0.00"},
-          TextCase{12345.678, "12345.68"}, TextCase{1.0 / 3, "0.33"}}) {
-        EXPECT_EQ(numberText::twoDecimals(c.value), c.text) << c.value;
-    }
+/// What the function makes of each value, parted by "|".
+template <class Value, class Function>
+std::string each(Function function, std::initializer_list<Value> values) {
+    std::string all;
+    for (const Value& value : values) all += (all.empty() ? "" : "|") + function(value);
+    return all;
 }
 
-TEST(NumberText, WholeNumberWithoutADigitForZero) {
-    for (const TextCase& c :
-         {TextCase{0, ""}, TextCase{0.49, ""}, TextCase{0.5, "1"}, TextCase{21.875, "22"}, TextCase{2.5, "3"},
-          TextCase{-1.5, "-2"}, TextCase{99.5, "100"}, TextCase{50, "50"}}) {
-        EXPECT_EQ(numberText::digitsOnly(c.value), c.text) << c.value;
-    }
-}
-
-TEST(NumberText, GeneralFormReadsBack) {
-    EXPECT_EQ(numberText::general(0.85 - 0.6), "0.25");
-    EXPECT_EQ(numberText::general(-50), "-50");
-    EXPECT_EQ(numberText::general(-0.0), "0");
-    EXPECT_EQ(numberText::general(73.4), "73.4");
-    for (const double value : {1e-7, 0.1 + 0.2, 123456789.125, -2.5e20}) {
-        const double back = numberText::toNumber(numberText::general(value));
-        EXPECT_NEAR(back / value, 1.0, 1e-14) << value;
-    }
+TEST(NumberText, RoundsHalvesAwayOnTheDecimalForm) {
+    EXPECT_EQ(each<double>(numberText::twoDecimals, {0, 0.285, 0.005, 1.005, 0.994999, 0.995, 9.995, 1e-9}),
+              "0.00|0.29|0.01|1.01|0.99|1.00|10.00|0.00");
+    EXPECT_EQ(each<double>(numberText::twoDecimals, {-0.125, -0.001, 12345.678, 1.0 / 3, 1e15}),
+              "-0.13|0.00|12345.68|0.33|1000000000000000.00");
+    EXPECT_EQ(each<double>(numberText::digitsOnly, {0.5, 21.875, 2.5, -1.5, 99.5, 50}), "1|22|3|-2|100|50");
+    EXPECT_EQ(each<double>(numberText::digitsOnly, {0.49, 0, -0.4}), "");
+    EXPECT_EQ(each<double>(numberText::general, {0.85 - 0.6, -50, -0.0, 73.4, 1.0 / 3}),
+              "0.25|-50|0|73.4|0.333333333333333");
+    for (const double value : {1e-7, 0.1 + 0.2, 123456789.125, -2.5e20})
+        EXPECT_NEAR(numberText::toNumber(numberText::general(value)) / value, 1.0, 1e-14);
 }
 
 TEST(NumberText, ReadsTheLeadingNumberOfAnyText) {
@@ -58,25 +48,21 @@ TEST(NumberText, ReadsTheLeadingNumberOfAnyText) {
          {Case{"", 0, false}, Case{"abc", 0, false}, Case{"12abc", 12, false}, Case{" 7", 7, true},
           Case{"012", 12, true}, Case{"-3", -3, true}, Case{"21.5 ", 21.5, true}, Case{".5", 0.5, true},
           Case{"1.2.3", 1.2, false}, Case{"2e3", 2000, true}, Case{"2e", 2, false}, Case{"+4", 4, true},
-          Case{"-", 0, false}, Case{"1e-400", 0, true}, Case{"x1", 0, false}}) {
+          Case{"-", 0, false}, Case{"x1", 0, false}, Case{"\t7", 0, false}, Case{"1E+2x", 100, false},
+          Case{"1e-400", 0, true}, Case{"1e999", HUGE_VAL, true}, Case{"-1e999", -HUGE_VAL, true}}) {
         EXPECT_EQ(numberText::toNumber(c.text), c.value) << c.text;
         EXPECT_EQ(numberText::isNumeric(c.text), c.numeric) << c.text;
     }
-    EXPECT_TRUE(std::isinf(numberText::toNumber("1e999")));
 }
 
-TEST(NumberText, ClockAndBases) {
-    EXPECT_EQ(numberText::clockText(9, 5), "09:05");
-    EXPECT_EQ(numberText::clockText(12, 0), "12:00");
-    EXPECT_EQ(numberText::clockText(24, 30), "12:30");
-    EXPECT_EQ(numberText::clockText(13, 59), "01:59");
-    EXPECT_EQ(numberText::toBase(0, 2), "0");
-    EXPECT_EQ(numberText::toBase(255, 16), "FF");
-    EXPECT_EQ(numberText::toBase(32767, 2), "111111111111111");
-    EXPECT_EQ(numberText::toBase(35, 36), "Z");
-    EXPECT_EQ(numberText::toBase(5, 37), "");
-    EXPECT_EQ(numberText::padded(7, 3), "007");
-    EXPECT_EQ(numberText::padded(1234, 3), "1234");
+TEST(NumberText, ClockBasesAndPadding) {
+    EXPECT_EQ(each<int>([](int hour) { return numberText::clockText(hour, hour); }, {9, 12, 0, 24, 13}),
+              "09:09|12:12|12:00|12:24|01:13");
+    EXPECT_EQ(each<int>([](int base) { return numberText::toBase(255, base); }, {16, 2, 36, 10}),
+              "FF|11111111|73|255");
+    EXPECT_EQ(numberText::toBase(0, 2) + numberText::toBase(5, 37) + numberText::toBase(5, 1), "0");
+    EXPECT_EQ(each<int>([](int value) { return numberText::padded(value, 3); }, {7, 1234, -7}),
+              "007|1234|-007");
 }
 
 TEST(CheckedInteger, OverflowIsAFault) {
@@ -87,21 +73,20 @@ TEST(CheckedInteger, OverflowIsAFault) {
     EXPECT_FAULT(-Int16(-32768), FaultNumber::Overflow);
     EXPECT_FAULT(Int16(Int32(40000)), FaultNumber::Overflow);
     EXPECT_FAULT(Int16(std::size_t{40000}), FaultNumber::Overflow);
+    EXPECT_FAULT(Int32(2147483647) + 1, FaultNumber::Overflow);
     EXPECT_FAULT(Int16(5) % 0, FaultNumber::DivisionByZero);
     EXPECT_EQ((Int16(-7) % 12).raw, -7);
 }
 
 TEST(CheckedInteger, RoundsHalvesToEven) {
-    EXPECT_EQ(round32(62.5).raw, 62);
-    EXPECT_EQ(round32(15.5).raw, 16);
-    EXPECT_EQ(round32(12.5).raw, 12);
-    EXPECT_EQ(round16(-2.5).raw, -2);
-    EXPECT_EQ(round16(841.875).raw, 842);
-    EXPECT_EQ(round16(32767.49).raw, 32767);
+    EXPECT_EQ(each<double>([](double value) { return numberText::whole(round16(value)); },
+                           {62.5, 15.5, -2.5, -1.5, 841.875, 32767.49}),
+              "62|16|-2|-2|842|32767");
     EXPECT_FAULT(round16(32767.5), FaultNumber::Overflow);
     EXPECT_FAULT(round16(std::nan("")), FaultNumber::Overflow);
     EXPECT_FAULT(round32(HUGE_VAL), FaultNumber::Overflow);
-    EXPECT_EQ(floor32(-0.5).raw, -1);
+    EXPECT_EQ(round32(-2147483648.5).raw, -2147483647 - 1);
+    EXPECT_EQ(floor16(-0.5).raw, -1);
     EXPECT_EQ(floor32(1999.99).raw, 1999);
 }
 
@@ -109,22 +94,33 @@ TEST(List, IndexOutOfRangeIsAFault) {
     List<int> list;
     list.renew(2);
     list[1] = 7;
+    list.resize(3);
     EXPECT_EQ(list[1], 7);
-    EXPECT_FAULT(list[2], FaultNumber::SubscriptOutOfRange);
+    EXPECT_FAULT(list[3], FaultNumber::SubscriptOutOfRange);
     EXPECT_FAULT(list[-1], FaultNumber::SubscriptOutOfRange);
+    list.renew(2);
+    EXPECT_EQ(list[1], 0);
 }
 
 TEST(Text, CountsCharacters) {
-    const std::string umlauts = "\xC3\xA4\xC3\xB6 \xE2\x82\xAC";  // two umlauts, a blank, a euro sign
-    EXPECT_EQ(text::length(umlauts), 4);
-    EXPECT_EQ(text::left(umlauts, 1), "\xC3\xA4");
-    EXPECT_EQ(text::mid(umlauts, 3), "\xE2\x82\xAC");
-    EXPECT_EQ(text::mid("03) note", 4), "note");
+    const std::string mixed = "\xC3\xA4\xF0\x9F\x98\x80 \xE2\x82\xAC";  // of two, four, one and three bytes
+    EXPECT_EQ(text::length(mixed), 4);
+    EXPECT_EQ(text::left(mixed, 1), "\xC3\xA4");
+    EXPECT_EQ(text::mid(mixed, 1, 2), "\xF0\x9F\x98\x80 ");
+    EXPECT_EQ(text::mid(mixed, 3), "\xE2\x82\xAC");
     EXPECT_EQ(text::mid("abc", 7), "");
     EXPECT_EQ(text::trim("  a b  "), "a b");
     EXPECT_EQ(text::trim("   "), "");
     EXPECT_EQ(text::trim("\ta "), "\ta");
     EXPECT_FAULT(text::blanks(11 - 12), FaultNumber::InvalidCall);
+    for (int at = 0; at < text::length(mixed); ++at) {
+        const std::string character = text::mid(mixed, at, 1);
+        EXPECT_EQ(text::fromCode(text::codeOf(character)), character);
+    }
+    EXPECT_EQ(text::lowerCase("\xC3\x89"
+                              "A|Z"),
+              "\xC3\xA9"
+              "a|z");
 }
 
 TEST(Text, TakesFilesOfEitherEncoding) {
@@ -134,15 +130,37 @@ TEST(Text, TakesFilesOfEitherEncoding) {
     EXPECT_EQ(text::fromFileBytes("cut \xC3"), "cut \xC3\x83");
 }
 
+TEST(Files, APictureIsKnownByItsFirstBytes) {
+    const std::string path = testing::TempDir() + "tavixPicture";
+    const auto check = [&](const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+        files::checkPicture(path);
+    };
+    for (const char* picture :
+         {"\x89PNG\r\n\x1A\n...", "\xFF\xD8\xFF\xE0", "\xFF\xD8\xFF\xE1", "GIF87a", "GIF89a", "BM6"})
+        EXPECT_NO_THROW(check(picture)) << picture;
+    for (const char* other : {"", "\x89PNG\n", "\xFF\xD8", "GIF", " BM", "<svg"})
+        EXPECT_FAULT(check(other), FaultNumber::InvalidPicture);
+    try {
+        files::checkPicture(testing::TempDir());
+        ADD_FAILURE() << "a folder is no picture";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(faultReport(fault), "Run-time error '53':\nFile not found: " + testing::TempDir());
+    }
+}
+
 TEST(RandomSource, ReseedingFoldsIntoTheState) {
-    randomSource::fixState(5);
-    randomSource::reseed(77);
-    const double first = randomSource::draw();
+    const auto drawAfter = [](std::uint64_t state, std::uint64_t seed) {
+        randomSource::fixState(state);
+        randomSource::reseed(seed);
+        return randomSource::draw();
+    };
+    const double first = drawAfter(5, 77);
     randomSource::reseed(77);
     EXPECT_NE(randomSource::draw(), first) << "two draws of one millisecond must not be equal";
-    randomSource::fixState(5);
-    randomSource::reseed(77);
-    EXPECT_EQ(randomSource::draw(), first);
+    EXPECT_EQ(drawAfter(5, 77), first);
+    EXPECT_NE(drawAfter(5, 78), first);
+    EXPECT_NE(drawAfter(6, 77), first);
 }
 
 TEST(RandomSource, PercentDrawsAreUniform) {
@@ -150,9 +168,7 @@ TEST(RandomSource, PercentDrawsAreUniform) {
     std::array<int, 100> counts{};
     for (int i = 0; i < 200000; ++i) {
         randomSource::reseed(static_cast<std::uint64_t>(i) / 50);
-        const int percent = randomSource::drawPercent();
-        ASSERT_TRUE(percent >= 0 && percent < 100);
-        ++counts[static_cast<std::size_t>(percent)];
+        ++counts.at(static_cast<std::size_t>(randomSource::drawPercent()));
     }
     // 2000 expected in each; seven standard deviations are about 310.
     for (const int count : counts) EXPECT_NEAR(count, 2000, 310);
@@ -166,8 +182,9 @@ TEST(RandomSource, QueuedDrawsComeFirstAndInOrder) {
     randomSource::reseed(3);
     EXPECT_EQ(randomSource::draw(), 0.25);
     EXPECT_EQ(randomSource::drawPercent(), 99);
+    randomSource::queueDraws(std::vector<double>{0.25});
     randomSource::fixState(9);
-    EXPECT_EQ(randomSource::draw(), next);
+    EXPECT_EQ(randomSource::draw(), next) << "a state that is fixed forgets what was queued";
 }
 
 }  // namespace

@@ -13,6 +13,12 @@ struct TemporaryStudy {
     TemporaryStudy& operator=(const TemporaryStudy&) = delete;
 
     [[nodiscard]] std::string storePath() const { return folder + "/data/TavixData.mdb"; }
+
+    /// Runs a statement on the store; the engine's own, past the store's layer.
+    void change(const std::string& statement) const;
+
+    /// The rows of a selection: fields parted by "|", rows by "/", and "-" for what is empty.
+    [[nodiscard]] std::string rows(const std::string& selection) const;
 };
 
 /// Writes a text file.
