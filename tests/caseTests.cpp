@@ -1,52 +1,30 @@
+// The case: words dealt on the model, its chances, the draws of a patient, and the tables as texts.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "forms/frmLogin.h"
 #include "forms/frmTavix.h"
 #include "knowledge/caseDraw.h"
 #include "knowledge/modDisease.h"
 #include "knowledge/modLikely.h"
+#include "knowledge/modPatient.h"
+#include "knowledge/modTreatments.h"
 #include "knowledge/termOrders.h"
-#include "platform/randomSource.h"
+#include "platform/numberText.h"
 #include "state/TrialState.h"
+#include "store/record/Options.h"
 #include "tests/faults.h"
 #include "tests/stage.h"
 
 namespace {
 
-List<Int16> percents(std::initializer_list<int> values) {
-    List<Int16> list;
-    for (const int value : values) list.add(value);
-    return list;
-}
-
-ProbabilityRow row(std::initializer_list<int> values) {
-    return {"", static_cast<int>(values.size()), false, percents(values)};
-}
-
-/// A scenario in memory: base rates, then one row per symptom.
-void setScenario(std::initializer_list<int> rates, const std::vector<std::initializer_list<int>>& symptoms) {
-    TrialState& s = trialState;
-    s.settingIndex = 0;
-    s.baseRates.items = {row(rates)};
-    s.diseaseSymptom = {};
-    for (const auto& symptom : symptoms) s.diseaseSymptom.add(row(symptom));
-    s.symptomCount = s.diseaseSymptom.size();
-    s.diseaseTerms.items.assign(rates.size(), {"Word"});
-    s.diseaseCount = s.diseaseTerms.size();
-    s.symptomTerms.items.assign(symptoms.size(), {"Sign"});
-    s.symptomTermCount = s.symptomCount;
-}
-
 class Case : public testing::Test {
 protected:
     Stage stage;
-    void SetUp() override { trialState.patients.add({}); }
+    TrialState& s = trialState;
 };
 
 TEST_F(Case, TermListsAreParsed) {
@@ -56,7 +34,7 @@ TEST_F(Case, TermListsAreParsed) {
     EXPECT_EQ(parsed(" only"), (Words{" only"}));
     EXPECT_EQ(parsed("a,b,"), (Words{"a", "b", ""}));
     EXPECT_EQ(parsed(""), (Words{""}));
-    EXPECT_EQ(termOrders::parseTermList("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20").size().raw, 20);
+    EXPECT_EQ(parsed("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20").size(), 20U);
 }
 
 TEST_F(Case, EveryOrderOfWordsIsDealtAlikeOften) {
@@ -64,8 +42,7 @@ TEST_F(Case, EveryOrderOfWordsIsDealtAlikeOften) {
     constexpr int deals = 12000;
     for (int i = 0; i < deals; ++i) {
         stage.now += 7;
-        List<std::string> words;
-        words.items = {"a", "b", "c", "d"};
+        List<std::string> words{{"a", "b", "c", "d"}};
         termOrders::shuffleTerms(words);
         ++seen[words.items];
     }
@@ -73,90 +50,116 @@ TEST_F(Case, EveryOrderOfWordsIsDealtAlikeOften) {
     for (const auto& [order, count] : seen) EXPECT_NEAR(count, deals / 24.0, 7 * std::sqrt(deals / 24.0));
 }
 
-TEST_F(Case, TableTexts) {
+TEST_F(Case, TablesAsTexts) {
     setScenario({50, 5, 100}, {{80, 0, 7}, {100, 33, 2}});
-    trialState.diseaseTerms.items = {{"Aavo"}, {"Brill"}, {"Corvex"}};
-    trialState.symptomTerms.items = {{"Pallor"}, {"Rash"}};
     EXPECT_EQ(modDisease::baseRateText(), "    0.50              0.05              0.100     Base Rates");
     EXPECT_EQ(modDisease::symptomDiseaseText(),
               "    0.80              0.00              0.07     Pallor\r\n"
-              "    0.100              0.33              0.02     Rash\r\n");
+              "    0.100              0.33              0.02     Quiver\r\n");
     EXPECT_EQ(frmTavix.lblSvD.caption, " Aavo           Brill          Corvex         ");
     EXPECT_EQ(modDisease::symptomDiseaseSummary(),
               "  A      B     C      \r\n0.80 0.00 0.07 \r\n0.100 0.33 0.02 \r\n");
-    trialState.diseaseTerms[1].term = "Longer than fifteen";
+
+    s.treatments.items = {{"Ambrol", {{80, 7, 100}}, {{0, 5, 30}}},
+                          {"Exactly eighteen c", {{1, 2, 3}}, {{4, 5, 6}}},
+                          {"Longer than eighteen", {{1, 2, 3}}, {{4, 5, 6}}}};
+    s.treatmentTypeCount = 3;
+    s.treatmentMaxDisease = 2;
+    const auto lines = [](bool table, bool risk) {
+        Options.ViewTreatmentDisease.set(table);
+        Options.Risk.set(risk);
+        modTreatments::displayTreatments();
+        return frmTavix.lstTreatments.items;
+    };
+    using Lines = std::vector<std::string>;
+    EXPECT_EQ(lines(false, false),
+              (Lines{"..................  Aavo       Brill      Corvex     ", "Ambrol............",
+                     "Exactly eighteen c", "Longer than eighteen"}));
+    EXPECT_EQ(lines(true, false)[1], "Ambrol............    .80        .07        .100    ");
+    const std::string header = frmTavix.lblHelpHeader.caption;
+    const Lines risky = lines(true, true);
+    EXPECT_EQ(risky[0], "..................  Aavo         Aa-Brill        Br-Corvex       Co-");
+    EXPECT_EQ(risky[1], "Ambrol............    .80      .00    .07      .05    .100      .30");
+    lines(true, true);
+    const std::string signs = "  \"+\" = chance to help,    \"-\" = chance of hurt";
+    EXPECT_EQ(frmTavix.lblHelpHeader.caption, header + signs + signs) << "it grows with each patient";
+
+    s.diseaseTerms[1].term = "Twelve chars";
+    EXPECT_FAULT(modTreatments::displayTreatments(), FaultNumber::InvalidCall);
+    s.diseaseTerms[1].term = "Longer than fifteen";
     EXPECT_FAULT(modDisease::symptomDiseaseText(), FaultNumber::InvalidCall);
 }
 
 TEST_F(Case, ChancesOfEachPattern) {
+    const auto row = [this](int pattern) {
+        modLikely::buildLikelihoodTable();
+        const LikelihoodRow& r = s.likelihoodTable[pattern];
+        std::string all = std::to_string(r.bestDisease.toInt());
+        for (const auto* chances : {&r.symptomChance, &r.otherChance, &r.diseaseChance}) {
+            all += " |";
+            for (const double chance : *chances) all += " " + numberText::general(chance);
+        }
+        return all;
+    };
     setScenario({70, 30}, {{80, 20}});
-    modLikely::buildLikelihoodTable();
-    const LikelihoodRow& present = trialState.likelihoodTable[1];
-    EXPECT_DOUBLE_EQ(present.symptomChance[0], 0.8);
-    EXPECT_DOUBLE_EQ(present.otherChance[0], 0.14);
-    EXPECT_DOUBLE_EQ(present.otherChance[1], 0.24);
-    EXPECT_DOUBLE_EQ(present.diseaseChance[0], 0.8);
-    EXPECT_DOUBLE_EQ(present.diseaseChance[1], 0.2);
-    EXPECT_EQ(trialState.likelihoodTable[0].bestDisease.raw, 1);
-
+    EXPECT_EQ(row(1), "0 | 0.8 0.2 | 0.14 0.24 | 0.8 0.2") << "the rates cancel out";
+    EXPECT_EQ(row(0), "1 | 0.2 0.8 | 0.56 0.06 | 0.2 0.8");
     setScenario({0, 100}, {{80, 20}});
-    modLikely::buildLikelihoodTable();
-    EXPECT_DOUBLE_EQ(trialState.likelihoodTable[1].diseaseChance[0], 0.0);
-    EXPECT_DOUBLE_EQ(trialState.likelihoodTable[1].diseaseChance[1], 0.2);
-
+    EXPECT_EQ(row(1), "1 | 0.8 0.2 | 0 0.8 | 0 0.2") << "but for one of 0";
     setScenario({50, 50}, {{100, 100}});
-    modLikely::buildLikelihoodTable();
-    EXPECT_EQ(trialState.likelihoodTable[0].diseaseChance[0], 0.0);
-    EXPECT_EQ(trialState.likelihoodTable[1].bestDisease.raw, 0) << "the lower index wins a tie";
-
-    setScenario({50, 50}, {});
-    modLikely::buildLikelihoodTable();
-    EXPECT_EQ(trialState.likelihoodTable.size().raw, 1);
-    EXPECT_EQ(trialState.likelihoodTable[0].symptomChance[1], 1.0);
-
-    setScenario({50, 50}, {{80, 20}});
-    trialState.diseaseCount = 1;
-    EXPECT_FAULT(modLikely::buildLikelihoodTable(), FaultNumber::SubscriptOutOfRange);
-}
-
-TEST_F(Case, PatternsHaveSymptomZeroInTheHighestBit) {
+    EXPECT_EQ(row(0), "0 | 0 0 | 0 0 | 0 0");
+    EXPECT_EQ(row(1), "0 | 1 1 | 0.5 0.5 | 0.5 0.5") << "the lower index wins a tie";
+    setScenario({50, 50});
+    EXPECT_EQ(row(0), "0 | 1 1 | 0.5 0.5 | 0.5 0.5");
+    EXPECT_EQ(s.likelihoodTable.size().raw, 1);
+    // The first symptom is the highest bit: present here, the other two absent.
+    setScenario({50, 30, 20}, {{80, 20, 10}, {30, 70, 40}, {10, 50, 90}});
+    EXPECT_EQ(row(4),
+              "0 | 0.504 0.03 0.006 | 0.018 0.153 0.1068 | 0.933333333333333 0.0555555555555556 "
+              "0.0111111111111111");
     EXPECT_EQ(modLikely::patternBits(5, 4), (std::vector<bool>{false, true, false, true}));
-    EXPECT_EQ(modLikely::patternBits(32767, 15), std::vector<bool>(15, true));
-    setScenario({100}, {{100}, {0}, {100}});
-    trialState.symptomTermCount = 5;
-    modPatient::drawFindings();
-    EXPECT_EQ(trialState.findingsMask.raw, 5);
-    EXPECT_EQ(modPatient::findingsText(), "00101");
-    trialState.findingsMask = 0;
-    EXPECT_EQ(modPatient::findingsText(), "00000");
+    s.diseaseCount = 2;
+    EXPECT_FAULT(row(0), FaultNumber::SubscriptOutOfRange);
 }
 
 TEST_F(Case, DiseasesAndFindingsAreDrawnAgainstTheirChances) {
-    setScenario({50, 50}, {{30, 30}});
-    const auto drawnDisease = [](double draw) {
-        randomSource::queueDraws(std::vector<double>{draw});
+    setScenario({20, 30, 0}, {{0, 100, 0}, {100, 0, 0}, {30, 30, 100}});
+    const auto drawn = [this](double disease, double third) {
+        draw({disease, 0.0, 0.995, third});
         modPatient::drawDisease();
-        return trialState.diseaseIndex.raw;
-    };
-    EXPECT_EQ(drawnDisease(0.49), 0);
-    EXPECT_EQ(drawnDisease(0.50), 1);
-    EXPECT_EQ(drawnDisease(0.0), 0);
-    setScenario({20, 30}, {{30, 30}});
-    trialState.diseaseIndex = 1;
-    EXPECT_EQ(drawnDisease(0.9), 1) << "rates that fall short leave the last disease";
-    for (const double draw : {0.29, 0.30}) {
-        randomSource::queueDraws(std::vector<double>{draw});
         modPatient::drawFindings();
-        EXPECT_EQ(trialState.symptomFindings[0].present, draw < 0.295);
-    }
+        EXPECT_EQ(s.symptomFindings[2].result, s.symptomFindings[2].present ? "Present" : "Absent");
+        return s.patients[0].disease + modPatient::findingsText();
+    };
+    EXPECT_EQ(drawn(0.0, 0.295), "Aavo011");
+    EXPECT_EQ(s.symptomFindings[2].name, "Rash");
+    EXPECT_EQ(drawn(0.195, 0.305), "Aavo010");
+    EXPECT_EQ(drawn(0.205, 0.305), "Brill100");
+    EXPECT_EQ(drawn(0.495, 0.305), "Brill100");
+    EXPECT_EQ(drawn(0.0, 0.305), "Aavo010");
+    EXPECT_EQ(drawn(0.505, 0.305), "Aavo010") << "rates that fall short leave the last disease";
+    s.symptomTermCount = 5;
+    EXPECT_EQ(drawn(0.205, 0.305), "Brill00100");
+    EXPECT_EQ(s.findingsMask.raw, 4);
+    setScenario({100}, std::vector<std::vector<int>>(15, {100}));
+    modPatient::drawFindings();
+    EXPECT_EQ(s.findingsMask.raw, 32767);
+    setScenario({100}, std::vector<std::vector<int>>(16, {100}));
+    EXPECT_FAULT(modPatient::drawFindings(), FaultNumber::Overflow);
 }
 
-TEST_F(Case, FifteenSymptomsAreTheLimit) {
-    setScenario({100}, std::vector<std::initializer_list<int>>(15, {100}));
-    modPatient::drawFindings();
-    EXPECT_EQ(trialState.findingsMask.raw, 32767);
-    setScenario({100}, std::vector<std::initializer_list<int>>(16, {100}));
-    EXPECT_FAULT(modPatient::drawFindings(), FaultNumber::Overflow);
+TEST_F(Case, TheBestTreatmentIsTheFirstThatHealsBest) {
+    setScenario({50, 50});
+    s.treatments.items = {
+        {"a", {{10, 0}}, {{0, 0}}}, {"b", {{70, 0}}, {{100, 0}}}, {"c", {{70, 0}}, {{0, 0}}}};
+    s.treatmentTypeCount = 3;
+    const auto best = [this](int disease) {
+        s.diseaseIndex = disease;
+        modTreatments::chooseBestTreatment();
+        return s.patients[0].bestTreatment.toInt();
+    };
+    EXPECT_EQ(best(0), 1);
+    EXPECT_EQ(best(1), 0);
 }
 
 }  // namespace

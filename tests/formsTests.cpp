@@ -1,5 +1,7 @@
+// The controls as records, the windows in front of each other, and what a person can do to them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -11,7 +13,7 @@
 #include "forms/person.h"
 #include "forms/registry.h"
 #include "forms/windows.h"
-#include "platform/text.h"
+#include "platform/host.h"
 #include "tests/faults.h"
 
 namespace {
@@ -19,10 +21,16 @@ namespace {
 /// Forms at their design, without handlers or watchers of an earlier test.
 class Forms : public testing::Test {
 protected:
+    std::string told;  ///< what happened, in its order
+
     void SetUp() override {
         registry::designForms();
         for (Control* control : allControls()) control->on = {};
         forgetWatchers();
+    }
+    /// A handler that leaves its name.
+    std::function<void()> tell(const std::string& name) {
+        return [this, name] { told += name + " "; };
     }
 };
 
@@ -41,72 +49,75 @@ TEST_F(Forms, ControlsAreFoundByTheirFullNames) {
 TEST_F(Forms, AChangeRunsItsHandlerInsideTheAssignment) {
     Control& first = frmDiagnosis.hsbBelief[0];
     Control& second = frmDiagnosis.hsbBelief[1];
-    std::vector<std::string> order;
     watchControls([&](Control& control, Property property) {
-        if (property == Property::Value) order.push_back("told " + fullName(control));
+        if (property == Property::Value) told += std::to_string(control.element) + " told ";
     });
     first.on.change = [&] {
         setValue(second, 1);
-        order.emplace_back("first done");
+        tell("0 done")();
     };
-    second.on.change = [&] { order.emplace_back("second runs"); };
+    second.on.change = tell("1 runs");
     setValue(first, 60);
     setValue(first, 60);
-    const std::vector<std::string> wanted{"told frmDiagnosis.hsbBelief(0)", "told frmDiagnosis.hsbBelief(1)",
-                                          "second runs", "first done"};
-    EXPECT_EQ(order, wanted);
+    EXPECT_EQ(told, "0 told 1 told 1 runs 0 done ");
 }
 
 TEST_F(Forms, AScrollBarKeepsToItsLimits) {
     Control& meter = frmDiagnosis.hsbBelief[0];
-    int changes = 0;
-    meter.on.change = [&] { ++changes; };
+    meter.on.change = tell("change");
     EXPECT_FAULT(setValue(meter, 0), FaultNumber::InvalidPropertyValue);
     EXPECT_FAULT(setValue(meter, 101), FaultNumber::InvalidPropertyValue);
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(told, "");
     setMax(meter, 98);
     EXPECT_EQ(meter.value.raw, 98);
-    EXPECT_EQ(changes, 1);
     setMin(meter, 0);
-    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(told, "change ");
+    setMax(meter, 100);
+    setMin(meter, 99);
+    EXPECT_EQ(meter.value.raw, 99);
 }
 
-TEST_F(Forms, OptionButtonsAndComboBoxesBehaveLikeThemselves) {
+TEST_F(Forms, OptionButtonsListsAndComboBoxesBehaveLikeThemselves) {
     setValue(frmNewSubject.optMale, 1);
     EXPECT_EQ(frmNewSubject.optFemale.value.raw, 0);
-    // Another container's buttons are not concerned.
     setValue(frmTavix.optTest[1], 1);
-    EXPECT_EQ(frmNewSubject.optMale.value.raw, 1);
+    EXPECT_EQ(frmNewSubject.optMale.value.raw, 1) << "another container's buttons are not concerned";
 
     Control& combo = frmDiagnosis.cboHypothesis[0];
-    int changes = 0;
-    int clicks = 0;
-    combo.on.change = [&] { ++changes; };
-    combo.on.click = [&] { ++clicks; };
+    combo.on.change = tell("change");
+    combo.on.click = tell("click");
     addItem(combo, "Aavo");
     EXPECT_EQ(combo.text, "Unknown");
-    // An item that is taken is a click; only text that goes otherwise is a change.
     setListIndex(combo, 0);
     EXPECT_EQ(combo.text, "Aavo");
+    EXPECT_EQ(told, "click ") << "an item that is taken is no change of the text";
     clearItems(combo);
     EXPECT_EQ(combo.text, "");
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(told, "click change ");
+    EXPECT_FAULT(setListIndex(combo, 0), FaultNumber::InvalidPropertyValue);
+
+    Control& list = frmTavix.lstSymptoms;
+    for (const char* item : {"a", "b", "c"}) addItem(list, item);
+    selectItems(list, {1, 2});
+    removeItem(list, 1);
+    EXPECT_EQ(list.items, (std::vector<std::string>{"a", "c"}));
+    EXPECT_EQ(firstSelected(list), 1) << "a line that goes takes its own selection with it";
+    selectItems(list, {});
+    EXPECT_EQ(firstSelected(list), -1);
 }
 
 TEST_F(Forms, UnloadingPutsTheDesignBackAndKeepsTheHandlers) {
-    int clicks = 0;
-    frmDiagnosis.cmdTests.on.click = [&] { ++clicks; };
+    frmDiagnosis.cmdTests.on.click = tell("click");
     setCaption(frmDiagnosis.lblBelief[1], "0.07");
     frmDiagnosis.DiagnosisCount = 3;
     designFrmDiagnosis();
     EXPECT_EQ(frmDiagnosis.lblBelief[1].caption, "0.50");
     EXPECT_EQ(frmDiagnosis.DiagnosisCount.raw, 0);
     frmDiagnosis.cmdTests.on.click();
-    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(told, "click ");
 }
 
-TEST_F(Forms, FocusAndReach) {
+TEST_F(Forms, WhatStandsInFrontTakesTheInput) {
     windows::show(frmTavix.form);
     EXPECT_EQ(windows::refusal(frmTavix.cmdPrescribe), "frmTavix.cmdPrescribe is hidden");
     setVisible(frmTavix.tabTavix, true);
@@ -119,6 +130,24 @@ TEST_F(Forms, FocusAndReach) {
         windows::setFocus(*without);
         EXPECT_TRUE(windows::hasFocus(frmTavix.cmdIssue)) << fullName(*without) << " cannot take the focus";
     }
+
+    host().waitWhile = [](const std::function<bool()>& open) {
+        EXPECT_TRUE(open());
+        EXPECT_EQ(windows::refusal(frmTavix.cmdIssue), "frmTavix.cmdIssue stands behind frmLogin");
+        EXPECT_TRUE(windows::hasFocus(frmLogin.txtName)) << "a form comes up with its first control";
+        windows::openBox();
+        EXPECT_EQ(windows::refusal(frmLogin.txtName), "frmLogin.txtName stands behind a message box");
+        windows::closeBox();
+        windows::setFocus(frmLogin.cboType);
+        windows::hide(frmLogin.form);
+        EXPECT_FALSE(open());
+        EXPECT_EQ(windows::refusal(frmTavix.cmdIssue), "")
+            << "a form that is hidden is modal no more, at once";
+    };
+    windows::showModal(frmLogin.form);
+    EXPECT_TRUE(windows::hasFocus(frmTavix.cmdIssue));
+    windows::show(frmLogin.form);
+    EXPECT_TRUE(windows::hasFocus(frmLogin.cboType)) << "a form comes up again where it was left";
 }
 
 TEST_F(Forms, TypingGoesThroughTheKeyRuleOfTheBox) {
@@ -147,6 +176,8 @@ TEST_F(Forms, APersonTurnsToThePageOfAControl) {
     EXPECT_EQ(frmTavix.tabTavix.value.raw, 1);
     EXPECT_THROW(person::turnTo(frmTavix.tabTavix, 3), Refused);
     EXPECT_THROW(person::slide(frmTavix.hsbBelief[0], 5), Refused);
+    person::type(frmTavix.txtIntro, "x");
+    EXPECT_EQ(frmTavix.txtIntro.text, "") << "an introduction is for reading";
 }
 
 }  // namespace

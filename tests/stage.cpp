@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/randomSource.h"
 #include "screens/wiring.h"
+#include "state/TrialState.h"
 
 Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
     Host& h = host();
@@ -23,4 +24,40 @@ Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
     h.endProgram = [](int status) { throw ProgramEnded{status}; };
     randomSource::fixState(1);
     wiring::wireForms();
+}
+
+std::string Stage::said() {
+    std::string all;
+    for (const MessageBox& box : boxes) all += (all.empty() ? "" : "/") + box.title + "|" + box.text;
+    boxes.clear();
+    return all;
+}
+
+void draw(std::initializer_list<double> next) {
+    randomSource::clearQueue();
+    randomSource::queueDraws(std::vector<double>(next));
+}
+
+void setScenario(const std::vector<int>& rates, const std::vector<std::vector<int>>& symptoms) {
+    const auto rowOf = [](const std::vector<int>& values) {
+        ProbabilityRow row{"", values.size(), false, {}};
+        for (const int value : values) row.percents.add(value);
+        return row;
+    };
+    TrialState& s = trialState;
+    s.settingIndex = 0;
+    s.diseaseIndex = 0;
+    s.baseRates.items = {rowOf(rates)};
+    s.diseaseTerms.items = {{"Aavo"}, {"Brill"}, {"Corvex"}, {"Dunnit"}};
+    s.diseaseTerms.items.resize(rates.size());
+    s.diseaseCount = s.tableDiseaseCount = rates.size();
+    s.diseaseSymptom = {};
+    for (const auto& symptom : symptoms) s.diseaseSymptom.add(rowOf(symptom));
+    s.symptomTerms.items = {{"Pallor"}, {"Quiver"}, {"Rash"}, {"Stupor"}, {"Tremor"}, {"Unrest"}};
+    s.symptomTerms.items.resize(symptoms.size());
+    s.symptomCount = s.symptomTermCount = symptoms.size();
+    s.patients = {};
+    s.patients.add({});
+    s.patients[0].name = "Anna";
+    s.patients[0].health = 75;
 }

@@ -48,7 +48,9 @@ TemporaryStudy::TemporaryStudy(bool withStore) {
 TemporaryStudy::~TemporaryStudy() { std::filesystem::remove_all(folder); }
 
 void TemporaryStudy::change(const std::string& statement) const {
-    engine::execute(*engine::open(storePath(), store::password, engine::Access::Write), statement);
+    const auto database = engine::open(storePath(), store::password, engine::Access::Write);
+    engine::execute(*database, "PRAGMA synchronous = OFF");  // no power is cut in a test
+    engine::execute(*database, statement);
 }
 
 std::string TemporaryStudy::rows(const std::string& selection) const {
