@@ -3,7 +3,7 @@
 #
 #   # ...                        a comment
 #   @setting NAME COLUMN=V ...   a scenario like Plain, with these columns of tblAppDefault
-#   @table FILE [HEADER]         empties a table;  @row FILE CELLS  adds a row to it
+#   @table FILE [HEADER]         empties a table;  @row FILE CELLS [*7]  adds a row to it
 #   @start [ends | fault N | fails REASON]
 #                                starts the program once more on the same store. Its last command may end it: in good
 #                                order, with a run-time fault, or with a command that cannot be done.
@@ -13,6 +13,7 @@
 #   CONTROL... shown             or hidden, enabled, disabled, focused
 #   box = TEXT                   what the message box says; box.title
 #   refused COMMAND              cannot be done
+# {TEXT*N} stands for N times the text.
 # T. D. O. L. N. are the forms frmTavix, frmDiagnosis, frmOptions, frmLogin, frmNewSubject.
 
 function stop(reason) { print FILENAME ":" FNR ": " reason > "/dev/stderr"; broken = 1; exit 1 }
@@ -57,7 +58,7 @@ function control(name) {
 
 function quoted(text) {
     if (text ~ /^".*"$/) return text
-    gsub(/\\/, "\\\\", text); gsub(/"/, "\\\"", text)
+    gsub(/\\/, "&&", text); gsub(/"/, "\\\\&", text)
     return "\"" text "\""
 }
 
@@ -165,7 +166,17 @@ function open(verb, rest,    word, count) {
     return 1
 }
 
+function times(text,    i, all) {
+    for (i = substr(text, match(text, /\*[0-9]+$/) + 1); i > 0; --i) all = all substr(text, 1, RSTART - 1)
+    return all
+}
+
 function play(part,    verb, rest, at, word) {
+    while (match(part, /\{.[^}]*\*[0-9]+\}/)) {
+        word = substr(part, RSTART + 1, RLENGTH - 2)
+        at = RSTART + RLENGTH
+        part = substr(part, 1, RSTART - 1) times(word) substr(part, at)
+    }
     verb = part; sub(/ .*/, "", verb)
     rest = part; if (!sub(/^[^ ]+ +/, "", rest)) rest = ""
     at = index(part, " = ")
@@ -205,7 +216,11 @@ BEGIN {
 /^@start/ { begin(substr($0, 8)); next }
 /^@setting / { setting(substr($0, 10)); next }
 /^@table / { head = $0; sub(/^@table [^ ]+ ?/, "", head); renew($2, head); next }
-/^@row / { row = $0; sub(/^@row [^ ]+ /, "", row); addRow($2, row); next }
+/^@row / {
+    row = $0; sub(/^@row [^ ]+ /, "", row); count = sub(/ \*7$/, "", row) ? 7 : 1
+    while (count-- > 0) addRow($2, row)
+    next
+}
 {
     count = split($0, part, / \| /)
     for (i = 1; i <= count; ++i) play(part[i])
