@@ -172,11 +172,6 @@ function times(text,    i, all) {
 }
 
 function play(part,    verb, rest, at, word) {
-    while (match(part, /\{.[^}]*\*[0-9]+\}/)) {
-        word = substr(part, RSTART + 1, RLENGTH - 2)
-        at = RSTART + RLENGTH
-        part = substr(part, 1, RSTART - 1) times(word) substr(part, at)
-    }
     verb = part; sub(/ .*/, "", verb)
     rest = part; if (!sub(/^[^ ]+ +/, "", rest)) rest = ""
     at = index(part, " = ")
@@ -222,7 +217,12 @@ BEGIN {
     next
 }
 {
-    count = split($0, part, / \| /)
+    text = $0
+    while (match(text, /\{.[^}]*\*[0-9]+\}/)) {
+        word = substr(text, RSTART + 1, RLENGTH - 2); at = RSTART + RLENGTH
+        text = substr(text, 1, RSTART - 1) times(word) substr(text, at)
+    }
+    count = split(text, part, / \| /)
     for (i = 1; i <= count; ++i) play(part[i])
 }
 END { if (!broken) finish() }
