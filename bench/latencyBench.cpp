@@ -106,11 +106,11 @@ int main(int argc, char** argv) {
                                               folder / "Patients", exists);
     QElapsedTimer clock;
     clock.start();
+    wiring::wireForms();
     makeHost(folder.string(), clock);
     for (const std::string& problem : createStore::create("tests/tables", store::path(), true))
         std::cerr << problem << '\n';
     look::apply(false);
-    wiring::wireForms();
     mirror::build();
     realTimers::build();
     run::startApplication();

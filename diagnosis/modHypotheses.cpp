@@ -214,16 +214,6 @@ void withdrawRow(Int16 row) {
 
 }  // namespace
 
-void wire() {
-    for (int i = 0; i < 4; ++i) {
-        const auto check = [i] { checkHypothesisName(i); };
-        f.cboHypothesis[i].on.change = check;
-        f.cboHypothesis[i].on.click = check;
-        f.hsbBelief[i].on.change = [i] { beliefChanged(i); };
-        if (i < 3) f.cmdAdd[i].on.click = [i] { addOrRemove(i); };
-    }
-}
-
 void ensureLoaded() {
     if (f.isLoaded) return;
     f.isLoaded = true;

@@ -7,9 +7,6 @@
 
 namespace modHypotheses {
 
-/// Binds the handlers of the rows' controls; once per program.
-void wire();
-
 /// Loads the dialog if this patient has not used it yet. Whoever touches the dialog first calls it.
 void ensureLoaded();
 

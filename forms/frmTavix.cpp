@@ -342,3 +342,5 @@ void watchPlot(PlotWatcher watcher) { plotWatchers().push_back(std::move(watcher
 void tellPlotWatchers(int segment) {
     for (const PlotWatcher& watcher : plotWatchers()) watcher(segment);
 }
+
+void forgetPlotWatchers() { plotWatchers().clear(); }

@@ -78,3 +78,4 @@ void designFrmTavix();
 using PlotWatcher = std::function<void(int segment)>;
 void watchPlot(PlotWatcher watcher);
 void tellPlotWatchers(int segment);
+void forgetPlotWatchers();

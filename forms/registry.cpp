@@ -20,6 +20,13 @@ void designForms() {
     designFrmOptions();
 }
 
+void reset() {
+    designForms();
+    for (Control* control : allControls()) control->on = {};
+    forgetWatchers();
+    forgetPlotWatchers();
+}
+
 std::vector<Control*> forms() {
     return {&frmTavix.form,      &frmSplash.form,    &frmLogin.form,
             &frmNewSubject.form, &frmDiagnosis.form, &frmOptions.form};

@@ -11,6 +11,9 @@ namespace registry {
 /// Puts every form back to its design, hidden and unloaded.
 void designForms();
 
+/// As at the start of the program: every form designed, bound to nothing and watched by nobody.
+void reset();
+
 /// The six forms, the main screen first.
 std::vector<Control*> forms();
 

@@ -16,6 +16,7 @@
 #include "headless/sqlText.h"
 #include "headless/stateFields.h"
 #include "platform/numberText.h"
+#include "platform/onLeave.h"
 #include "platform/randomSource.h"
 #include "stage/openBoxes.h"
 #include "stage/virtualTime.h"
@@ -133,9 +134,12 @@ void runUntil(const CommandLine& line) {
     const std::string wanted = line.lastOf(5);
     Awaited awaited{[&] { return sameValue(propertyOf(target), wanted); }};
     if (awaited.holds()) return;
-    underWay.push_back(&awaited);
-    virtualTime::pass(milliseconds(line.arguments[0]), [&] { return awaited.seen || awaited.holds(); });
-    underWay.pop_back();
+    const int duration = milliseconds(line.arguments[0]);
+    {
+        underWay.push_back(&awaited);
+        const OnLeave done([] { underWay.pop_back(); });
+        virtualTime::pass(duration, [&] { return awaited.seen || awaited.holds(); });
+    }
     if (awaited.seen || awaited.holds()) return;
     throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target,
                               properties::onOneLine(propertyOf(target)), properties::onOneLine(wanted),
@@ -240,10 +244,7 @@ const std::map<std::string, Command>& table() {
 
 }  // namespace
 
-void setPerson(ActingPerson person) {
-    acting = std::move(person);
-    underWay.clear();
-}
+void setPerson(ActingPerson person) { acting = std::move(person); }
 
 void onWaiting() {
     for (Awaited* awaited : underWay) awaited->seen = awaited->seen || awaited->holds();

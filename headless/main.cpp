@@ -5,41 +5,7 @@
 #include <iostream>
 
 #include "headless/player.h"
-#include "platform/fault.h"
 #include "platform/files.h"
-#include "platform/randomSource.h"
-#include "screens/wiring.h"
-#include "trial/run/run.h"
-
-namespace {
-
-/// Unwinds to here, through every wait, when the program ends.
-struct ProgramEnd {
-    int status;
-};
-
-int play(std::istream& script, const scriptedHost::Start& options, std::uint64_t seed) {
-    randomSource::fixState(seed);
-    wiring::wireForms();
-    if (!player::begin(script, player::onRecords(), options)) {
-        std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
-        return 1;
-    }
-    host() = scriptedHost::make();
-    host().endProgram = [](int status) { throw ProgramEnd{status}; };
-    try {
-        run::startApplication();
-        while (true) player::step();
-    } catch (const ProgramEnd& end) {
-        return end.status;
-    } catch (const Fault& fault) {
-        std::cout.flush();
-        std::cerr << faultReport(fault) << '\n';
-        return faultExitStatus;
-    }
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     CLI::App app{"Plays Tavix without a screen."};
@@ -52,11 +18,11 @@ int main(int argc, char** argv) {
     app.add_option("SCRIPT", scriptFile, "the script; without it standard input is read");
     CLI11_PARSE(app, argc, argv);
 
-    if (scriptFile.empty()) return play(std::cin, options, seed);
+    if (scriptFile.empty()) return player::playSession(std::cin, options, seed);
     std::ifstream script(scriptFile);
     if (!script) {
         std::cerr << scriptFile << ": cannot be read\n";
         return 1;
     }
-    return play(script, options, seed);
+    return player::playSession(script, options, seed);
 }

@@ -6,6 +6,10 @@
 
 #include "forms/person.h"
 #include "headless/commands.h"
+#include "platform/fault.h"
+#include "platform/randomSource.h"
+#include "screens/wiring.h"
+#include "trial/run/run.h"
 
 namespace player {
 
@@ -22,6 +26,11 @@ void fail(int line, const std::string& reason) {
     std::cerr << fmt::format("line {}: {}\n", line, reason) << std::flush;
     endProgram(failedStatus);
 }
+
+/// Unwinds out of every wait when the program ends.
+struct ProgramEnd {
+    int status;
+};
 
 }  // namespace
 
@@ -49,6 +58,27 @@ bool begin(std::istream& script, ActingPerson person, const scriptedHost::Start&
     lineNumber = 0;
     commands::setPerson(std::move(person));
     return scriptedHost::begin(start, {step, commands::onWaiting});
+}
+
+int playSession(std::istream& script, const scriptedHost::Start& start, std::uint64_t seed) {
+    wiring::wireForms();
+    randomSource::fixState(seed);
+    if (!begin(script, onRecords(), start)) {
+        std::cerr << "--now: \"" << start.now << "\" is no date and time (2026-01-05 09:30:00)\n";
+        return failedStatus;
+    }
+    host() = scriptedHost::make();
+    host().endProgram = [](int status) { throw ProgramEnd{status}; };
+    try {
+        run::startApplication();
+        while (true) step();
+    } catch (const ProgramEnd& end) {
+        return end.status;
+    } catch (const Fault& fault) {
+        std::cout.flush();
+        std::cerr << faultReport(fault) << '\n';
+        return faultExitStatus;
+    }
 }
 
 void step() {

@@ -2,6 +2,7 @@
 // program waits, in a modal form or a message box, the waiting itself goes on reading the script.
 #pragma once
 
+#include <cstdint>
 #include <istream>
 
 #include "headless/actingPerson.h"
@@ -14,6 +15,10 @@ ActingPerson onRecords();
 
 /// Begins a script for that person; false for a date that is none.
 bool begin(std::istream& script, ActingPerson person, const scriptedHost::Start& start);
+
+/// Plays a whole session in this process with the person of the headless program, from the start of the run
+/// to the end of the script or of the program. The exit status; complaints go to standard error.
+int playSession(std::istream& script, const scriptedHost::Start& start, std::uint64_t seed);
 
 /// Plays the next command. At the end of the script the program ends.
 void step();

@@ -171,4 +171,9 @@ void prescribe() {
     endings::endPatient(s.healPending ? EndCause::HelpfulTreatment : EndCause::UselessTreatment);
 }
 
+void prescribeSelected() {
+    takeSelectedTreatment();
+    prescribe();
+}
+
 }  // namespace modTreatments

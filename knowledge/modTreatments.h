@@ -17,6 +17,9 @@ void chooseBestTreatment();
 /// Click of lstTreatments: the selected line goes into the combo box. The header line empties it.
 void takeSelectedTreatment();
 
+/// Double click of lstTreatments: takes the line and prescribes it.
+void prescribeSelected();
+
 /// Click of cmdPrescribe: draws against the table, records, and with OneTreatment ends the patient.
 void prescribe();
 

@@ -63,11 +63,11 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     look::apply(desktopTheme::isDark());
     QApplication::setWindowIcon(emblem::icon());
-    host() = desktopHost();
     edge::onFault(boxes::showFault);
+    wiring::wireForms();
+    host() = desktopHost();
     std::random_device chance;
     randomSource::fixState((std::uint64_t{chance()} << 32U) | chance());
-    wiring::wireForms();
     mirror::build();
     realTimers::build();
     edge::run(run::startApplication);

@@ -1,4 +1,4 @@
-// Character codes that handlers look at, and the handler that most of them want.
+// Character codes that handlers look at, and the key handlers that most controls want.
 #pragma once
 
 #include <functional>
@@ -16,6 +16,22 @@ inline std::function<bool(int)> onEnter(std::function<void()> action) {
         if (code != enter) return true;
         action();
         return false;
+    };
+}
+
+/// A key handler that runs `action` at the experimenter's key; every key passes.
+inline std::function<bool(int)> onOptions(std::function<void()> action) {
+    return [action = std::move(action)](int code) {
+        if (code == options) action();
+        return true;
+    };
+}
+
+/// A key handler that runs `action` before every key.
+inline std::function<bool(int)> passing(std::function<void()> action) {
+    return [action = std::move(action)](int) {
+        action();
+        return true;
     };
 }
 

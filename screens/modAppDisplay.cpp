@@ -4,11 +4,8 @@
 #include "knowledge/modDisease.h"
 #include "knowledge/modTreatments.h"
 #include "platform/numberText.h"
-#include "screens/feedback.h"
-#include "screens/optionsDialog.h"
 #include "state/TrialState.h"
 #include "store/record/Options.h"
-#include "trial/course/runHooks.h"
 
 namespace modAppDisplay {
 
@@ -18,15 +15,6 @@ FrmTavix& f = frmTavix;
 
 constexpr float tallList = 5130;  // twips; the notes have the whole column during a trial
 constexpr float tallFrame = 6375;
-
-void prepareForSignIn() { setCaption(f.lblHealthBorder, {}); }
-
-void showTrialFrames() {
-    setVisible(f.fraStatus, true);
-    setVisible(f.tabTavix, true);
-    setVisible(f.fraSymptoms, true);
-    setCaption(f.lblHealthBorder, "Health Monitor");
-}
 
 void clearTestSlots() {
     for (Int16 i = 0; i < trialState.testTypeCount; ++i) {
@@ -91,9 +79,13 @@ void showFactors() {
 
 }  // namespace
 
-void wire() {
-    runHooks() = {optionsDialog::load, prepareForSignIn, showTrialFrames, setupPatientDisplay,
-                  feedback::show};
+void prepareForSignIn() { setCaption(f.lblHealthBorder, {}); }
+
+void showTrialFrames() {
+    setVisible(f.fraStatus, true);
+    setVisible(f.tabTavix, true);
+    setVisible(f.fraSymptoms, true);
+    setCaption(f.lblHealthBorder, "Health Monitor");
 }
 
 void setupPatientDisplay() {

@@ -66,6 +66,12 @@ void loadQuestionnaire() {
     frmNewSubject.Cleared = false;
 }
 
+}  // namespace
+
+void judgeEntries() { setEnabled(frmLogin.cmdOk, entriesValid()); }
+
+void judgeName() { setEnabled(frmLogin.cmdOk, !typedName().empty()); }
+
 void acceptSignIn() {
     if (typedName().empty()) return;
     trialState.subjectName = typedName();
@@ -89,6 +95,10 @@ void acceptSignIn() {
     windows::hide(frmLogin.form);
 }
 
+void acceptValidEntries() {
+    if (entriesValid()) acceptSignIn();
+}
+
 void quitSignIn() {
     frmLogin.QuitMe = true;
     windows::hide(frmLogin.form);
@@ -109,42 +119,14 @@ void beginStudy() {
     }
 }
 
-/// The limit is judged before the key acts; a text that is longer already (it was pasted) is cut.
+void cancelQuestionnaire() { windows::hide(frmNewSubject.form); }
+
 bool keyInHistory(int code) {
     Control& history = frmNewSubject.txtHistory;
     if (text::length(history.text) < historyLimit || code == keys::backspace) return true;
     setText(history, text::left(history.text, historyLimit));
     select(history, historyLimit, 0);
     return false;
-}
-
-}  // namespace
-
-void wire() {
-    FrmLogin& login = frmLogin;
-    const auto judgeEntries = [] { setEnabled(frmLogin.cmdOk, entriesValid()); };
-    login.cboType.on.change = judgeEntries;
-    login.cboType.on.click = judgeEntries;
-    login.cboType.on.key = [judgeEntries](int) {
-        judgeEntries();
-        return true;
-    };
-    // The name alone here: a scenario that is not on the list is refused by the press of Ok.
-    login.txtName.on.change = [] { setEnabled(frmLogin.cmdOk, !typedName().empty()); };
-    login.txtName.on.key = keys::onEnter([] {
-        if (entriesValid()) acceptSignIn();
-    });
-    login.cmdOk.on.click = acceptSignIn;
-    login.cmdQuit.on.click = quitSignIn;
-    login.form.on.close = quitSignIn;
-
-    FrmNewSubject& subject = frmNewSubject;
-    const auto cancel = [] { windows::hide(frmNewSubject.form); };
-    subject.btnBegin.on.click = beginStudy;
-    subject.btnCancel.on.click = cancel;
-    subject.form.on.close = cancel;
-    subject.txtAge.on.key = keys::onEnter(beginStudy);
-    subject.txtHistory.on.key = keyInHistory;
 }
 
 bool isNewSubject() {

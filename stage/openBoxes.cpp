@@ -20,14 +20,10 @@ void open(const MessageBox& box) {
 
 OpenBox* newest() { return boxes().empty() ? nullptr : &boxes().back(); }
 
-Answer close() {
-    const Answer answer = boxes().back().answer.value();
+void close() {
     boxes().pop_back();
     windows::closeBox();
-    return answer;
 }
-
-void forget() { boxes().clear(); }
 
 std::vector<std::string> buttonsOf(const MessageBox& box) {
     if (box.buttons == Buttons::Ok) return {"OK"};

@@ -17,9 +17,8 @@ struct OpenBox {
 void open(const MessageBox& box);
 /// The box on top, or none.
 OpenBox* newest();
-/// Takes the answered box away and returns its answer.
-Answer close();
-void forget();
+/// Takes the box on top away.
+void close();
 
 /// Names of its buttons as a script gives them.
 std::vector<std::string> buttonsOf(const MessageBox& box);

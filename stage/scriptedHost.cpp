@@ -1,6 +1,7 @@
 #include "stage/scriptedHost.h"
 
 #include "platform/files.h"
+#include "platform/onLeave.h"
 #include "stage/openBoxes.h"
 #include "stage/virtualTime.h"
 
@@ -17,9 +18,10 @@ void tellWaits() {
 
 Answer showBox(const MessageBox& box) {
     openBoxes::open(box);
+    const OnLeave close(openBoxes::close);
     tellWaits();
     while (!openBoxes::newest()->answer) player.step();
-    return openBoxes::close();
+    return *openBoxes::newest()->answer;
 }
 
 }  // namespace
@@ -27,7 +29,6 @@ Answer showBox(const MessageBox& box) {
 bool begin(const Start& start, Player whoPlays) {
     programFolder = start.folder;
     player = std::move(whoPlays);
-    openBoxes::forget();
     return virtualTime::begin(start.now);
 }
 

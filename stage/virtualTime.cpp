@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/control.h"
+#include "platform/onLeave.h"
 
 namespace virtualTime {
 
@@ -59,8 +60,8 @@ void fire(const Armed& armed) {
     arm(timer, armed.due + timer.interval.toInt());
     if (!timer.on.timer || std::find(running.begin(), running.end(), &timer) != running.end()) return;
     running.push_back(&timer);
+    const OnLeave stop([&timer] { std::erase(running, &timer); });
     timer.on.timer();
-    std::erase(running, &timer);
 }
 
 std::chrono::sys_seconds moment() { return start + std::chrono::seconds(now / 1000); }
@@ -85,7 +86,6 @@ bool begin(const std::string& text) {
     now = 0;
     armedSoFar = 0;
     queue.clear();
-    running.clear();
     watchControls(watchTimer);
     return true;
 }

@@ -13,6 +13,7 @@
 #include "trial/course/endings.h"
 #include "trial/course/modClock.h"
 #include "trial/course/modHealth.h"
+#include "trial/course/runHooks.h"
 #include "trial/run/run.h"
 
 namespace {
@@ -27,7 +28,7 @@ protected:
 
     void SetUp() override {
         setScenario({100});
-        endings::onEndTrial([this](bool) { ++ends; });
+        runHooks().endTrial.action = [this] { ++ends; };
         modHealth::initHealthMonitor();
     }
     /// Puts the clock there; the hour as it is shown.
@@ -65,7 +66,7 @@ TEST_F(Course, TheEndIsMetOnTheDial) {
         EXPECT_EQ(hoursToLimit(), c.hours) << c.hour << ":" << c.minute << " " << c.rate * c.length;
     }
     std::string boxAtEnd;
-    endings::onEndTrial([&](bool) { boxAtEnd = stage.said(); });
+    runHooks().endTrial.action = [&] { boxAtEnd = stage.said(); };
     for (Control* timer : {&frmTavix.tmrClock, &frmTavix.tmrHealth}) setEnabled(*timer, true);
     stage.said();
     setClock(1, 0, 1, 1);
@@ -266,12 +267,11 @@ TEST_F(Course, EveryCauseHasItsWordBoxAndOrder) {
           Case{EndCause::AbortedByOptions, "Aborted by Options", false, ""}}) {
         for (const bool savedBefore : {false, true}) {
             s.patientSaved = savedBefore;
-            endings::onEndTrial([&](bool record) {
-                EXPECT_TRUE(record);
+            runHooks().endTrial.action = [&] {
                 EXPECT_EQ(anna().status, c.status);
                 EXPECT_EQ(s.patientSaved, c.saved || savedBefore);
                 EXPECT_EQ(stage.boxes.size(), c.cause == EndCause::TimeLimit ? 1U : 0U) << c.status;
-            });
+            };
             endings::endPatient(c.cause);
             EXPECT_EQ(stage.said(), c.box);
         }

@@ -6,6 +6,8 @@
 #include "state/TrialState.h"
 
 Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
+    wiring::wireForms();
+    randomSource::fixState(1);
     Host& h = host();
     h.waitWhile = [](const std::function<bool()>&) {};
     h.messageBox = [this](const MessageBox& box) {
@@ -22,8 +24,6 @@ Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
     h.programFolder = [this] { return folder; };
     h.loadPicture = files::checkPicture;
     h.endProgram = [](int status) { throw ProgramEnded{status}; };
-    randomSource::fixState(1);
-    wiring::wireForms();
 }
 
 std::string Stage::said() {

@@ -4,6 +4,7 @@
 
 #include "platform/host.h"
 #include "state/TrialState.h"
+#include "trial/course/runHooks.h"
 
 namespace endings {
 
@@ -34,14 +35,7 @@ const Ending& endingOf(EndCause cause) {
     return table[static_cast<std::size_t>(cause)];
 }
 
-EndTrial& endTrialHook() {
-    static EndTrial hook;
-    return hook;
-}
-
 }  // namespace
-
-void onEndTrial(EndTrial endTrial) { endTrialHook() = std::move(endTrial); }
 
 void endPatient(EndCause cause) {
     const Ending& ending = endingOf(cause);
@@ -52,7 +46,7 @@ void endPatient(EndCause cause) {
     if (ending.saved) trialState.patientSaved = true;
     patient.status = ending.status;
     if (ending.boxTime == BoxTime::Before) tell(box, "Results");
-    if (endTrialHook()) endTrialHook()(true);
+    runHook(runHooks().endTrial);
     if (ending.boxTime == BoxTime::After) tell(box, "Results");
 }
 

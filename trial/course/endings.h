@@ -2,8 +2,6 @@
 // and where it stands in the order of work. A module that meets a cause says only which one it is.
 #pragma once
 
-#include <functional>
-
 enum class EndCause {
     Death,
     Recovery,
@@ -20,11 +18,7 @@ namespace endings {
 /// The status of a patient whom the experimenter broke off: it is scored by its tests alone.
 inline constexpr const char* aborted = "Aborted by Options";
 
-/// Freezes, evaluates and records the trial; set once by the run.
-using EndTrial = std::function<void(bool record)>;
-void onEndTrial(EndTrial endTrial);
-
-/// Ends the trial of the current patient: status, `patientSaved`, endTrial(True) and the box titled
+/// Ends the trial of the current patient: status, `patientSaved`, the run's endTrial and the box titled
 /// "Results". At the time limit the box comes before the evaluation, otherwise after it.
 void endPatient(EndCause cause);
 

@@ -22,8 +22,7 @@ constexpr int minutesInHour = 60;
 
 void refuseStartTime(Control& box) {
     tell("Invalid Start Time");
-    // In the silent start the dialog is not on show and has no focus to give.
-    if (frmOptions.form.visible) windows::setFocus(box);
+    windows::setFocus(box);
     selectAll(box);
 }
 

@@ -10,7 +10,6 @@
 #include "state/TrialState.h"
 #include "store/record/Options.h"
 #include "trial/course/endings.h"
-#include "trial/course/runHooks.h"
 
 namespace evaluation {
 
@@ -98,7 +97,6 @@ void evaluateTrial() {
     }
     chargeTests();
     sumUp();
-    runHook(runHooks().showFeedback);
 }
 
 }  // namespace evaluation

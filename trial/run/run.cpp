@@ -17,6 +17,7 @@
 #include "knowledge/modTests.h"
 #include "platform/host.h"
 #include "platform/numberText.h"
+#include "platform/randomSource.h"
 #include "platform/text.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
@@ -118,7 +119,6 @@ void requestOptions() {
 }  // namespace
 
 void startApplication() {
-    endings::onEndTrial(endTrial);
     showSplash();
     modAppLoad::listSettings();
     windows::show(frmTavix.form);
@@ -162,6 +162,7 @@ void endTrial(bool record) {
     setEnabled(frmTavix.cmdChange, false);
     setEnabled(frmTavix.lstTreatments, false);
     evaluation::evaluateTrial();
+    runHook(runHooks().showFeedback);
     freezeDiagnosis();
     takeElapsedTimes();
     Options.InitScore.set(numberText::whole(trialState.score));
@@ -190,7 +191,10 @@ void abortForOptionsAfterTrial() {
 void closeApplication() { endProgram(); }
 
 void reset() {
-    registry::designForms();
+    registry::reset();
+    runHooks() = {};
+    host() = {};
+    randomSource::clearQueue();
     trialState = {};
     trialEvaluation = {};
 }

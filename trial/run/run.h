@@ -23,7 +23,9 @@ void abortForOptionsAfterTrial();
 /// The main screen is closed: ends the program with no question and no record.
 [[noreturn]] void closeApplication();
 
-/// Puts everything that a run leaves behind back to its start: forms, run state, evaluation texts.
+/// Puts everything that a run leaves behind back to its start: forms with their handlers and watchers, what
+/// is modal, the hooks, the host, queued draws, run state and evaluation texts. The key of the store may
+/// stay.
 void reset();
 
 }  // namespace run
