@@ -275,7 +275,7 @@ fs::path freeName(const fs::path& place) {
 
 std::vector<std::string> create(const std::string& folder, const std::string& file, bool force) {
     std::error_code failed;
-    const fs::path place = fs::weakly_canonical(file, failed);  // a link stays one
+    const fs::path place = fs::weakly_canonical(fs::absolute(file, failed), failed);  // a link stays one
     if (file.empty() || failed) return {fmt::format("\"{}\" is no file's name", file)};
     if (fs::exists(place, failed)) {
         if (!fs::is_regular_file(place, failed)) return {file + " is no plain file and is not replaced"};
