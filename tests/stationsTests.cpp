@@ -2,8 +2,11 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdio>
 #include <map>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "store/layer/engine.h"
@@ -62,6 +65,28 @@ TEST(Stations, OnOneFolderLoseNoRow) {
         EXPECT_EQ(alone.at("dataEvents").size(), 7U * patients);
         EXPECT_EQ(rowsOf(shared, station.subject), alone) << station.subject;
     }
+}
+
+TEST(Stations, ABoxOnOneScreenLeavesTheOthersAtWork) {
+    const TemporaryStudy shared;
+    const std::string heard = shared.folder + "/heard";
+    FILE* ann =
+        popen(fmt::format("{}/tavix-headless --folder {} >{}", TAVIX_BIN, shared.folder, heard).c_str(), "w");
+    const auto say = [&](const std::string& script, const std::string& answer) {
+        std::fputs(script.c_str(), ann);
+        std::fflush(ann);
+        for (int i = 0; i < 500 && outputOf("cat " + heard).find(answer) == std::string::npos; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        EXPECT_NE(outputOf("cat " + heard).find(answer), std::string::npos) << answer;
+    };
+    say(busySession("ann", 0) + "state trialKey\n", "ann01_");
+    engine::execute(*engine::open(shared.storePath(), store::password, engine::Access::Write),
+                    "DELETE FROM dataTrial");
+    say("run 1200000 until frmTavix.cmdNextPatient.visible = true\nbox\n", "somehow was not stored");
+    playTogether(shared, {{"tavix-headless", "ben"}});
+    EXPECT_EQ(rowsOf(shared, "ben").at("dataTrial").size(), patients + 1U);
+    std::fputs("answer OK\n", ann);
+    EXPECT_EQ(pclose(ann), 0);
 }
 
 }  // namespace

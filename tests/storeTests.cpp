@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <thread>
 
 #include "platform/host.h"
@@ -156,6 +157,17 @@ TEST_F(Store, RowsOfOneOperationAreKeptOneByOne) {
     EXPECT_EQ(tool("SELECT Guess FROM dataHypotheses;"), "first\n");
 }
 
+TEST_F(Store, ALaterSetReplacesTheEarlierOne) {
+    auto earlier = std::make_unique<RecordSet>(openTable("dataHypotheses", false, "s"));
+    RecordSet later = openTable("SubjectInfo", false, "s");
+    EXPECT_FAULT(earlier->isEOF(), engine::handleNotSet);
+    earlier.reset();
+    later.AddNew();
+    later.Update();
+    later.MoveNext();
+    EXPECT_TRUE(later.isEOF()) << "the file is the later set's own";
+}
+
 TEST_F(Store, FailuresAskWithTheCallersStatusWhileTheFileIsFree) {
     fs::rename(study.storePath(), study.storePath() + ".away");
     EXPECT_THROW(openTable("SubjectInfo", true, "New User Check"), Stopped);
@@ -172,6 +184,16 @@ TEST_F(Store, FailuresAskWithTheCallersStatusWhileTheFileIsFree) {
     };
     EXPECT_EQ(subjectCount(), 0);
     EXPECT_EQ(boxes.size(), 2U);
+
+    // Yes opens the file anew: a store that was put in its place meanwhile is found.
+    const TemporaryStudy another;
+    study.change("DROP TABLE SubjectInfo");
+    answer = [&] {
+        fs::rename(another.storePath(), study.storePath());
+        return Answer::Yes;
+    };
+    EXPECT_EQ(subjectCount(), 0);
+    EXPECT_EQ(boxes.size(), 3U);
 
     answer = [this] {
         EXPECT_FALSE(isLocked()) << boxes.back().text;
@@ -237,11 +259,11 @@ TEST_F(Store, TheKeyIsDerivedOncePerSalt) {
         keyDerivation::rawKey(store::password, salt);
         return std::chrono::steady_clock::now() - start;
     };
-    const std::string key = keyDerivation::rawKey(store::password, salt);
+    const std::string key = keyDerivation::rawKey(store::password, salt).value();
     const auto known = timed();
     ++salt[0];
     EXPECT_LT(known * 20, timed());
-    EXPECT_NE(keyDerivation::rawKey(store::password, salt).substr(0, 60), key.substr(0, 60));
+    EXPECT_NE(keyDerivation::rawKey(store::password, salt).value().substr(0, 60), key.substr(0, 60));
 }
 
 }  // namespace

@@ -75,9 +75,9 @@ RecordSet openTable(const std::string& source, bool readOnly, const std::string&
                                                  readOnly ? engine::Access::Read : engine::Access::Write);
             return RecordSet::open(connection, source, readOnly);
         } catch (const engine::Error& error) {
-            // A box may stand for hours, and a tick may come in at the yield: others get the file meanwhile,
-            // and the next attempt finds a store that was put in its place.
-            closeDatabase();
+            // The set that did not come to be has closed the file: a box may stand for hours, and a tick may
+            // come in at the yield. The next attempt finds a store that was put in the file's place
+            // meanwhile.
             connection = recover(error, lockCount, status);
         }
     }
