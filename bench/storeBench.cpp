@@ -30,20 +30,21 @@ void throughOpenTable() {
     notes.Update();
 }
 
+void require(int code) {
+    if (code == SQLITE_OK) return;
+    std::cerr << sqlite3_errstr(code) << '\n';
+    std::exit(1);
+}
+
 void bareEngine(const std::string& path, const std::string& key) {
     sqlite3* database = nullptr;
-    sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
-    sqlite3_key(database, key.data(), static_cast<int>(key.size()));
-    const int failed =
-        sqlite3_exec(database,
-                     "PRAGMA synchronous = FULL; INSERT INTO dataGetSymptoms (EventID, ListItem) "
-                     "VALUES ('kim03_007', 'short of breath on the stairs')",
-                     nullptr, nullptr, nullptr);
-    if (failed != SQLITE_OK) {
-        std::cerr << sqlite3_errmsg(database) << '\n';
-        std::exit(1);
-    }
-    sqlite3_close(database);
+    require(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr));
+    require(sqlite3_key(database, key.data(), static_cast<int>(key.size())));
+    require(sqlite3_exec(database,
+                         "PRAGMA synchronous = FULL; INSERT INTO dataGetSymptoms (EventID, ListItem) "
+                         "VALUES ('kim03_007', 'short of breath on the stairs')",
+                         nullptr, nullptr, nullptr));
+    require(sqlite3_close(database));
 }
 
 double milliseconds(const std::function<void()>& work) {
@@ -75,7 +76,8 @@ int main(int argc, char** argv) {
     for (const std::string& problem : createStore::create(tables, store::path(), true))
         std::cerr << problem << '\n';
     const std::string path = store::path();
-    const std::string rawKey = keyDerivation::rawKey(store::password, keyDerivation::readSalt(path).value());
+    const std::string rawKey =
+        keyDerivation::rawKey(store::password, keyDerivation::readSalt(path).value()).value();
 
     Times operation;
     Times bare;

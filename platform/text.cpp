@@ -1,9 +1,9 @@
 #include "platform/text.h"
 
+#include <unicode/uchar.h>
+
 #include <algorithm>
 #include <cstdint>
-#include <locale>
-#include <stdexcept>
 
 #include "platform/fault.h"
 
@@ -26,18 +26,6 @@ std::string fromLatin1(std::string_view bytes) {
     std::string result;
     for (const char byte : bytes) result += fromCode(static_cast<std::uint8_t>(byte));
     return result;
-}
-
-/// What the C library knows of letters, whatever the language of the desktop.
-const std::locale& letters() {
-    static const std::locale found = [] {
-        try {
-            return std::locale("C.UTF-8");
-        } catch (const std::runtime_error&) {
-            return std::locale::classic();
-        }
-    }();
-    return found;
 }
 
 }  // namespace
@@ -106,7 +94,7 @@ char32_t codeOf(std::string_view character) {
     return code;
 }
 
-std::string lowerCase(std::string_view source) {
+std::string folded(std::string_view source) {
     std::string result;
     result.reserve(source.size());
     for (std::size_t i = 0; i < source.size();) {
@@ -117,8 +105,8 @@ std::string lowerCase(std::string_view source) {
             ++i;
             continue;
         }
-        const auto capital = static_cast<wchar_t>(codeOf(source.substr(i)));
-        result += fromCode(static_cast<char32_t>(std::tolower(capital, letters())));
+        const auto letter = static_cast<UChar32>(codeOf(source.substr(i)));
+        result += fromCode(static_cast<char32_t>(u_foldCase(letter, U_FOLD_CASE_DEFAULT)));
         i += static_cast<std::size_t>(rest) + 1;
     }
     return result;

@@ -22,8 +22,9 @@ std::string blanks(int count);
 /// Without the blanks at both ends; tabs and line breaks stay.
 std::string trim(std::string_view source);
 
-/// All letters in lower case, accented ones too: the folding by which names and the store's texts compare.
-std::string lowerCase(std::string_view source);
+/// The form in which names and the store's texts compare: each letter, accented ones too, by Unicode's simple
+/// case folding. The table comes with the program's libraries, so that every station folds alike.
+std::string folded(std::string_view source);
 
 /// A character as text, and the code of the first character of a text that is not empty.
 std::string fromCode(char32_t code);

@@ -131,10 +131,10 @@ bool keyInHistory(int code) {
 
 bool isNewSubject() {
     RecordSet subjects = openTable("SubjectInfo", true, "New User Check");
-    const std::string wanted = text::lowerCase(trialState.subjectName);
+    const std::string wanted = text::folded(trialState.subjectName);
     bool known = false;
     for (; !subjects.isEOF() && !known; subjects.MoveNext()) {
-        known = text::lowerCase(subjects.Fields("Subject").text()) == wanted;
+        known = text::folded(subjects.Fields("Subject").text()) == wanted;
     }
     return !known;
 }

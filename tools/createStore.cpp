@@ -66,7 +66,7 @@ bool isDate(const std::string& text) {
 
 /// Yes or no in the ways people write them: -1 or 0.
 std::string truthProblem(const std::string& text, engine::Value& value) {
-    const std::string word = text::lowerCase(text);
+    const std::string word = text::folded(text);
     for (const char* yes : {"yes", "true", "1", "-1"}) {
         if (word == yes) value = std::int64_t{-1};
     }
@@ -113,7 +113,7 @@ std::string convert(const std::string& text, schema::ColumnType type, engine::Va
 bool findColumn(const schema::Table& table, const std::string& name, schema::NamedColumn& found) {
     const int number = schema::seriesNumber(table, name);
     for (const schema::NamedColumn& column : schema::columnsOf(table, number)) {
-        if (text::lowerCase(column.name) != text::lowerCase(name)) continue;
+        if (text::folded(column.name) != text::folded(name)) continue;
         found = column;
         return true;
     }
@@ -216,7 +216,7 @@ Import readFolder(const std::string& folder) {
     std::error_code failed;
     std::vector<fs::path> paths;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, failed)) {
-        if (text::lowerCase(entry.path().extension().string()) == ".csv") paths.push_back(entry.path());
+        if (text::folded(entry.path().extension().string()) == ".csv") paths.push_back(entry.path());
     }
     if (failed) import.problems.push_back(fmt::format("{}: {}", folder, failed.message()));
     std::sort(paths.begin(), paths.end());
@@ -241,14 +241,9 @@ std::string createStatement(const schema::Table& table, int diseases) {
 }
 
 void insertRows(engine::Connection& database, const schema::Table& table, const Content& content) {
-    std::string names;
-    std::string places;
-    for (const schema::NamedColumn& column : content.columns) {
-        names += (names.empty() ? "" : ", ") + dialect::quoted(column.name);
-        places += places.empty() ? "?" : ", ?";
-    }
-    const std::string statement = fmt::format("INSERT INTO {} ({}) VALUES ({})",
-                                              dialect::quoted(std::string(table.name)), names, places);
+    std::vector<std::string> names;
+    for (const schema::NamedColumn& column : content.columns) names.push_back(column.name);
+    const std::string statement = dialect::insertion(std::string(table.name), names);
     for (const auto& row : content.rows) engine::execute(database, statement, row);
 }
 

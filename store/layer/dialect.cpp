@@ -11,9 +11,11 @@ namespace {
 
 constexpr std::string_view selectWord = "SELECT ";
 
-bool isSelect(const std::string& source) {
-    return text::lowerCase(source.substr(0, selectWord.size())) == text::lowerCase(selectWord);
+bool standsAt(const std::string& source, std::size_t at, std::string_view word) {
+    return text::folded(source.substr(at, word.size())) == text::folded(word);
 }
+
+bool isSelect(const std::string& source) { return standsAt(source, 0, selectWord); }
 
 /// Length of the [...] or '...' that begins at `at`; up to the end of the source if it is not closed.
 std::size_t enclosedLength(const std::string& source, std::size_t at) {
@@ -40,13 +42,32 @@ std::string pattern(const std::string& literal) {
 }
 
 bool endsWithWord(const std::string& text, std::string_view word) {
-    if (text.size() < word.size()) return false;
-    return text::lowerCase(text.substr(text.size() - word.size())) == word;
+    return text.size() >= word.size() && standsAt(text, text.size() - word.size(), word);
+}
+
+/// The columns, each as `form` writes it, with a comma between them.
+template <class Form>
+std::string listed(std::span<const std::string> columns, Form form) {
+    std::string list;
+    for (const std::string& name : columns) list += (list.empty() ? "" : ", ") + form(name);
+    return list;
 }
 
 }  // namespace
 
 std::string quoted(const std::string& name) { return "[" + name + "]"; }
+
+std::string insertion(const std::string& table, std::span<const std::string> columns) {
+    const std::string into = "INSERT INTO " + quoted(table);
+    if (columns.empty()) return into + " DEFAULT VALUES";
+    const std::string places = listed(columns, [](const std::string&) { return std::string("?"); });
+    return into + " (" + listed(columns, quoted) + ") VALUES (" + places + ")";
+}
+
+std::string change(const std::string& table, std::span<const std::string> columns) {
+    const auto assigned = [](const std::string& name) { return quoted(name) + " = ?"; };
+    return "UPDATE " + quoted(table) + " SET " + listed(columns, assigned) + " WHERE rowid = ?";
+}
 
 std::string translate(const std::string& source) {
     if (!isSelect(source)) return "SELECT * FROM " + quoted(source);
@@ -77,8 +98,9 @@ std::string withRowNumber(const std::string& translated) {
 std::string tableOf(const std::string& source) {
     if (!isSelect(source)) return source;
     constexpr std::string_view from = " from ";
-    const std::size_t start = text::lowerCase(source).find(from);
-    if (start == std::string::npos) return {};
+    std::size_t start = 0;
+    while (start < source.size() && !standsAt(source, start, from)) ++start;
+    if (start == source.size()) return {};
     std::string table = text::trim(source.substr(start + from.size()));
     if (table.starts_with('[')) return table.substr(1, table.find(']') - 1);
     return table.substr(0, table.find_first_of(" ;"));

@@ -1,6 +1,7 @@
 // The statements of the modules are written in one dialect; here it is turned into the engine's.
 #pragma once
 
+#include <span>
 #include <string>
 
 namespace dialect {
@@ -18,5 +19,12 @@ std::string tableOf(const std::string& source);
 
 /// [name], whatever characters it holds.
 std::string quoted(const std::string& name);
+
+/// The statement that adds a row, with a place for the value of each of these columns; the others, or all if
+/// there is none, stay empty.
+std::string insertion(const std::string& table, std::span<const std::string> columns);
+
+/// The statement that changes these columns of one row; the row's number takes the last place.
+std::string change(const std::string& table, std::span<const std::string> columns);
 
 }  // namespace dialect

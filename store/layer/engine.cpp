@@ -55,8 +55,14 @@ int mappedNumber(int code, bool writing) {
     throw Error{mappedNumber(code, writing), text};
 }
 
+/// For the calls whose failure the connection does not keep.
+void require(int code) {
+    if (code != SQLITE_OK) throw Error{mappedNumber(code, false), sqlite3_errstr(code)};
+}
+
 struct Finalizer {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    /// What it gives back is the failure of the last step once more, which has been thrown already.
+    void operator()(sqlite3_stmt* statement) const { static_cast<void>(sqlite3_finalize(statement)); }
 };
 using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
@@ -71,13 +77,14 @@ Statement prepare(Connection& database, const std::string& sql) {
 
 void bind(sqlite3_stmt* statement, int place, const Value& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) {
-        sqlite3_bind_int64(statement, place, *number);
+        require(sqlite3_bind_int64(statement, place, *number));
     } else if (const auto* real = std::get_if<double>(&value)) {
-        sqlite3_bind_double(statement, place, *real);
+        require(sqlite3_bind_double(statement, place, *real));
     } else if (const auto* text = std::get_if<std::string>(&value)) {
-        sqlite3_bind_text(statement, place, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+        require(
+            sqlite3_bind_text64(statement, place, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8));
     } else {
-        sqlite3_bind_null(statement, place);
+        require(sqlite3_bind_null(statement, place));
     }
 }
 
@@ -89,7 +96,10 @@ Value columnValue(sqlite3_stmt* statement, int column) {
         default: {
             const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
             const int size = sqlite3_column_bytes(statement, column);
-            return bytes == nullptr ? std::string() : std::string(bytes, static_cast<std::size_t>(size));
+            if (bytes != nullptr) return std::string(bytes, static_cast<std::size_t>(size));
+            // No bytes are an empty text, or memory that ran out.
+            if (sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM) require(SQLITE_NOMEM);
+            return std::string();
         }
     }
 }
@@ -97,8 +107,11 @@ Value columnValue(sqlite3_stmt* statement, int column) {
 std::vector<std::string> columnNames(sqlite3_stmt* statement) {
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(sqlite3_column_count(statement)));
-    for (int i = 0; i < sqlite3_column_count(statement); ++i)
-        names.emplace_back(sqlite3_column_name(statement, i));
+    for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        const char* name = sqlite3_column_name(statement, i);
+        if (name == nullptr) require(SQLITE_NOMEM);
+        names.emplace_back(name);
+    }
     return names;
 }
 
@@ -122,15 +135,16 @@ int cipherVersion(Connection& database) {
 
 void setKey(Connection& database, const std::string& path, const std::string& password) {
     const std::optional<keyDerivation::Salt> salt = keyDerivation::readSalt(path);
-    const std::string key = salt ? keyDerivation::rawKey(password, *salt) : password;
-    sqlite3_key(database.handle, key.data(), static_cast<int>(key.size()));
+    const std::optional<std::string> key = salt ? keyDerivation::rawKey(password, *salt) : password;
+    if (!key) throw Error{SQLITE_ERROR, "the key of the store cannot be derived: " + path};
+    require(sqlite3_key(database.handle, key->data(), static_cast<int>(key->size())));
     if (cipherVersion(database) > oldFormat) execute(database, "PRAGMA cipher_compatibility = 3");
 }
 
 /// The engine's own folding stops at A to Z; here accented letters have two cases too.
 int compareTexts(void* /*context*/, int sizeA, const void* a, int sizeB, const void* b) {
     const auto folded = [](const void* bytes, int size) {
-        return text::lowerCase({static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
+        return text::folded({static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
     };
     return folded(a, sizeA).compare(folded(b, sizeB));
 }
@@ -139,15 +153,17 @@ Database openHandle(const std::string& path, int flags) {
     Database database(new Connection);
     if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK)
         fail(*database, false, path);
-    sqlite3_busy_handler(database->handle, waitForLock, database.get());
-    sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts);
+    require(sqlite3_busy_handler(database->handle, waitForLock, database.get()));
+    require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));
     return database;
 }
 
 }  // namespace
 
 void Closer::operator()(Connection* connection) const {
-    sqlite3_close(connection->handle);
+    // This form of the call cannot be busy, and nothing could be done about a failure: what was committed is
+    // on the disk, and what was not is rolled back by whoever opens the file next.
+    static_cast<void>(sqlite3_close_v2(connection->handle));
     delete connection;
 }
 
@@ -203,7 +219,5 @@ std::vector<std::string> columnsOf(Connection& database, const std::string& sql)
 void execute(Connection& database, const std::string& sql, std::span<const Value> values) {
     query(database, sql, values);
 }
-
-std::int64_t lastRow(Connection& database) { return sqlite3_last_insert_rowid(database.handle); }
 
 }  // namespace engine

@@ -54,7 +54,4 @@ Rows query(Connection& database, const std::string& sql, std::span<const Value> 
 std::vector<std::string> columnsOf(Connection& database, const std::string& sql);
 void execute(Connection& database, const std::string& sql, std::span<const Value> values = {});
 
-/// Number of the row that the last insertion made.
-std::int64_t lastRow(Connection& database);
-
 }  // namespace engine

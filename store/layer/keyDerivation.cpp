@@ -33,13 +33,14 @@ std::optional<Salt> readSalt(const std::string& path) {
     return salt;
 }
 
-std::string rawKey(const std::string& password, const Salt& salt) {
+std::optional<std::string> rawKey(const std::string& password, const Salt& salt) {
     static std::map<std::pair<std::string, Salt>, std::string> known;
     std::string& key = known[{password, salt}];
     if (key.empty()) {
         std::array<std::uint8_t, keySize> derived{};
-        PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt.data(), saltSize,
-                          iterations, EVP_sha1(), keySize, derived.data());
+        if (PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt.data(), saltSize,
+                              iterations, EVP_sha1(), keySize, derived.data()) != 1)
+            return std::nullopt;
         key = "x'" + hex(derived) + hex(salt) + "'";
     }
     return key;

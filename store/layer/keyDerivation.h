@@ -15,7 +15,8 @@ using Salt = std::array<std::uint8_t, saltSize>;
 /// The first 16 bytes of the file, which are its salt; nothing for a file that is missing or shorter.
 std::optional<Salt> readSalt(const std::string& path);
 
-/// The raw key with the salt behind it, in the form that the engine takes: x'<64 hex><32 hex>'.
-std::string rawKey(const std::string& password, const Salt& salt);
+/// The raw key with the salt behind it, in the form that the engine takes: x'<64 hex><32 hex>'. Nothing if
+/// the library refuses to derive it.
+std::optional<std::string> rawKey(const std::string& password, const Salt& salt);
 
 }  // namespace keyDerivation

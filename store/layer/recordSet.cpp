@@ -109,9 +109,9 @@ Int16 RecordSet::recordCount() {
 }
 
 Field RecordSet::Fields(std::string_view name) {
-    const std::string wanted = text::lowerCase(name);
+    const std::string wanted = text::folded(name);
     const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& column) {
-        return text::lowerCase(column) == wanted;
+        return text::folded(column) == wanted;
     });
     if (found == columns.end()) raiseFault(FaultNumber::ItemNotFound, table + "." + std::string(name));
     return {this, static_cast<std::size_t>(found - columns.begin())};
@@ -138,7 +138,7 @@ void RecordSet::Edit() {
 void RecordSet::Update() {
     if (mode == Mode::Browsing) raiseFault(FaultNumber::NoCurrentRecord, table + " without AddNew or Edit");
     try {
-        mode == Mode::Adding ? insertRow() : updateRow();
+        writeRow();
         // On the disk now, and the file still this connection's own for the rows that follow.
         engine::execute(database(), "COMMIT");
         engine::execute(database(), "BEGIN EXCLUSIVE");
@@ -148,36 +148,21 @@ void RecordSet::Update() {
     mode = Mode::Browsing;
 }
 
-void RecordSet::insertRow() {
-    std::string names;
-    std::string places;
+void RecordSet::writeRow() {
+    std::vector<std::string> names;
     std::vector<engine::Value> values;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (!touched[i]) continue;
-        names += (values.empty() ? "" : ", ") + dialect::quoted(columns[i]);
-        places += values.empty() ? "?" : ", ?";
+        names.push_back(columns[i]);
         values.push_back(buffer[i]);
     }
-    const std::string into = "INSERT INTO " + dialect::quoted(table);
-    if (values.empty()) {
-        engine::execute(database(), into + " DEFAULT VALUES");
-    } else {
-        engine::execute(database(), into + " (" + names + ") VALUES (" + places + ")", values);
+    if (mode == Mode::Adding) {
+        engine::execute(database(), dialect::insertion(table, names), values);
+        return;
     }
-}
-
-void RecordSet::updateRow() {
-    std::string changes;
-    std::vector<engine::Value> values;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!touched[i]) continue;
-        changes += (values.empty() ? "" : ", ") + dialect::quoted(columns[i]) + " = ?";
-        values.push_back(buffer[i]);
-    }
-    if (!values.empty()) {
+    if (!names.empty()) {
         values.push_back(rows[current][0]);
-        engine::execute(database(),
-                        "UPDATE " + dialect::quoted(table) + " SET " + changes + " WHERE rowid = ?", values);
+        engine::execute(database(), dialect::change(table, names), values);
     }
     std::copy(buffer.begin(), buffer.end(), rows[current].begin() + 1);
 }

@@ -76,8 +76,7 @@ private:
     RecordSet() = default;
     [[nodiscard]] engine::Connection& database() const;
     void load();
-    void insertRow();
-    void updateRow();
+    void writeRow();
 
     std::weak_ptr<engine::Connection> connection;  // expires when the file is closed
     std::string source;

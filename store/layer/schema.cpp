@@ -225,7 +225,7 @@ std::span<const Table> tables() {
 
 const Table* find(std::string_view name) {
     for (const Table& table : tables()) {
-        if (text::lowerCase(table.name) == text::lowerCase(name)) return &table;
+        if (text::folded(table.name) == text::folded(name)) return &table;
     }
     return nullptr;
 }
@@ -245,8 +245,7 @@ std::vector<NamedColumn> columnsOf(const Table& table, int count) {
 
 int seriesNumber(const Table& table, std::string_view name) {
     for (const Series& series : table.series) {
-        if (!text::lowerCase(name).starts_with(text::lowerCase(series.prefix)) ||
-            !name.ends_with(series.suffix))
+        if (!text::folded(name).starts_with(text::folded(series.prefix)) || !name.ends_with(series.suffix))
             continue;
         const std::string_view digits =
             name.substr(series.prefix.size(), name.size() - series.prefix.size() - series.suffix.size());

@@ -43,9 +43,10 @@ T.lblWelcome = Hello Dr. KIM | trialNumber = 2 | symptomTerms = ["Pallor","Quive
 back kim Plain | trialNumber = 3
 diseaseTerms = ["Corvex","Aavo","Brill"] | symptomTerms = ["Unrest","Pallor","Quiver"]
 @start
-new Élise Plain
+# Letters beyond A to Z have two cases too, and the last of these has two small forms.
+new ÉΛΙΣ Plain
 @start
-back élise Plain | trialNumber = 2
+back éλις Plain | trialNumber = 2
 @start ends
 # An apostrophe ends the text in the first statement that looks for the subject: asked again it fails in the same words.
 new O'Brien Plain | box.title = Problems opening table
@@ -59,6 +60,6 @@ type L.txtName max | choose L.cboType Plain | click L.cmdOk | type N.txtAge 30 |
 sql SELECT Subject FROM SubjectInfo
 > *
 > Kim
-> Élise
+> ÉΛΙΣ
 > O'Brien
 click L.cmdQuit
