@@ -18,11 +18,11 @@ int main(int argc, char** argv) {
     app.add_option("SCRIPT", scriptFile, "the script; without it standard input is read");
     CLI11_PARSE(app, argc, argv);
 
-    if (scriptFile.empty()) return player::playSession(std::cin, options, seed);
+    if (scriptFile.empty()) return player::playSession(player::linesOf(std::cin), options, seed);
     std::ifstream script(scriptFile);
     if (!script) {
         std::cerr << scriptFile << ": cannot be read\n";
         return 1;
     }
-    return player::playSession(script, options, seed);
+    return player::playSession(player::linesOf(script), options, seed);
 }

@@ -15,7 +15,7 @@ namespace player {
 
 namespace {
 
-std::istream* source = nullptr;
+Lines source;
 int lineNumber = 0;
 
 constexpr int failedStatus = 1;
@@ -53,17 +53,26 @@ ActingPerson onRecords() {
     };
 }
 
-bool begin(std::istream& script, ActingPerson person, const scriptedHost::Start& start) {
-    source = &script;
+Lines linesOf(std::istream& script) {
+    return [&script]() -> std::optional<std::string> {
+        std::string line;
+        if (!std::getline(script, line)) return std::nullopt;
+        if (line.ends_with('\r')) line.pop_back();
+        return line;
+    };
+}
+
+bool begin(Lines script, ActingPerson person, const scriptedHost::Start& start) {
+    source = std::move(script);
     lineNumber = 0;
     commands::setPerson(std::move(person));
     return scriptedHost::begin(start, {step, commands::onWaiting});
 }
 
-int playSession(std::istream& script, const scriptedHost::Start& start, std::uint64_t seed) {
+int playSession(Lines script, const scriptedHost::Start& start, std::uint64_t seed) {
     wiring::wireForms();
     randomSource::fixState(seed);
-    if (!begin(script, onRecords(), start)) {
+    if (!begin(std::move(script), onRecords(), start)) {
         std::cerr << "--now: \"" << start.now << "\" is no date and time (2026-01-05 09:30:00)\n";
         return failedStatus;
     }
@@ -82,12 +91,11 @@ int playSession(std::istream& script, const scriptedHost::Start& start, std::uin
 }
 
 void step() {
-    std::string line;
-    if (!std::getline(*source, line)) endProgram();
+    const std::optional<std::string> line = source();
+    if (!line) endProgram();
     const int at = ++lineNumber;
-    if (line.ends_with('\r')) line.pop_back();
     try {
-        commands::execute(line);
+        commands::execute(*line);
     } catch (const Refused& refused) {
         fail(at, refused.reason);
     }
