@@ -151,7 +151,8 @@ NEEDS = {  # programs that a test runs
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["killTests", "tavix-headless"],
     "stationsTests": ["stationsTests", "tavix-headless", "tavix-twin"],
     "desktop": ["tavix", "tavixdb"],
-    "signature": ["tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
+    "signature": ["walk", "tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
+    "instrument": ["tavix-headless", "tavix-twin", "tavixdb"],
 }
 TARGETS = ["tavix", "tavixdb"] + sorted({p for ps in NEEDS.values() for p in ps} - {"tavixdb"})
 

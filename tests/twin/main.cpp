@@ -68,7 +68,8 @@ int main(int argc, char** argv) {
     look::apply(dark);
     randomSource::fixState(seed);
     wiring::wireForms();
-    if (!player::begin(player::linesOf(scriptFile.empty() ? std::cin : file), widgetPerson::make(), options)) {
+    if (!player::begin(player::linesOf(scriptFile.empty() ? std::cin : file), widgetPerson::make(),
+                       options)) {
         std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
         return 1;
     }
