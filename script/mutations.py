@@ -148,8 +148,8 @@ m('L13', 'tools/createStore.cpp', '        if (!force) return {file + " exists a
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
     "logicTests": ["logicTests"], "toolsTests": ["toolsTests", "tavixdb"],
-    "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["killTests", "tavix-headless"],
-    "stationsTests": ["stationsTests", "tavix-headless", "tavix-twin"],
+    "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["tavix-headless", "tavixdb"],
+    "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
     "signature": ["walk", "tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
     "instrument": ["tavix-headless", "tavix-twin", "tavixdb"],
