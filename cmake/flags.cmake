@@ -1,5 +1,5 @@
-# What every source is compiled with. Warnings are errors in our presets only (CMAKE_COMPILE_WARNING_AS_ERROR in
-# CMakePresets.json): whoever builds with another compiler gets a program and not our opinion of it.
+# What every source is compiled with. Warnings are errors in our presets only (CMAKE_COMPILE_WARNING_AS_ERROR
+# in CMakePresets.json): whoever builds with another compiler gets a program and not our opinion of it.
 
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion)

@@ -5,8 +5,14 @@
 #include "tools/createStore.h"
 
 int main(int argc, char** argv) {
-    CLI::App app{"Store files for Tavix."};
+    CLI::App app{"Makes store files for Tavix."};
+    app.set_help_flag();
+    app.set_help_all_flag("-h,--help", "Print this help message and exit");
     app.require_subcommand(1);
+    app.footer(
+        "Exit status:\n"
+        "  0    the store was made\n"
+        "  1    nothing was made or replaced; standard error says why, with file, line and column");
     CLI::App* create = app.add_subcommand("create", "Makes a store file from a folder of CSV tables.");
     std::string tables;
     std::string file;

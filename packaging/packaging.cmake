@@ -1,0 +1,67 @@
+# What is installed where, and the package of it. tavix-study finds its parts relative to itself; the desktop
+# program is copied from lib/tavix into each study and so stands on no path.
+
+set(programs tavix tavix-headless tavixdb tavix-notice)
+install(TARGETS ${programs} DESTINATION lib/tavix)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
+foreach(name tavix-headless tavixdb)
+  file(CREATE_LINK ../lib/tavix/${name} ${CMAKE_BINARY_DIR}/links/${name} SYMBOLIC)
+  install(FILES ${CMAKE_BINARY_DIR}/links/${name} DESTINATION bin)
+endforeach()
+install(PROGRAMS packaging/tavix-study DESTINATION bin)
+install(DIRECTORY sample/tables sample/Patients DESTINATION share/tavix)
+install(FILES sample/unattended.tvx DESTINATION share/tavix)
+install(FILES packaging/tavix.desktop DESTINATION share/applications)
+install(FILES packaging/copyright DESTINATION share/doc/tavix)
+# These two are headers only and so part of our programs: their licences come with us.
+foreach(package libcli11-dev nlohmann-json3-dev)
+  install(FILES /usr/share/doc/${package}/copyright DESTINATION share/doc/tavix RENAME copyright.${package}
+          OPTIONAL)
+endforeach()
+
+# The icon, drawn from the program's emblem.
+foreach(side 48 128 256)
+  set(icon ${CMAKE_BINARY_DIR}/icons/${side}x${side}/apps/tavix.png)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/icons/${side}x${side}/apps)
+  add_custom_command(OUTPUT ${icon} COMMAND drawEmblem ${side} ${icon})
+  list(APPEND made ${icon})
+endforeach()
+install(DIRECTORY ${CMAKE_BINARY_DIR}/icons/ DESTINATION share/icons/hicolor)
+
+# The manual pages are what the programs say themselves with --help; its first line is the page's name.
+find_program(HELP2MAN help2man)
+if(HELP2MAN)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
+  foreach(name tavix-study tavix-headless tavixdb)
+    set(program ${CMAKE_SOURCE_DIR}/packaging/${name})
+    if(TARGET ${name})
+      set(program $<TARGET_FILE:${name}>)
+    endif()
+    set(page ${CMAKE_BINARY_DIR}/man/${name}.1)
+    set(write "${HELP2MAN} --no-info --version-string=$1 --name=\"$name\" --output=$2 $0")
+    add_custom_command(OUTPUT ${page}.gz DEPENDS ${program} VERBATIM
+      COMMAND sh -ec "name=$($0 --help | head -n 1); ${write}" ${program} ${PROJECT_VERSION} ${page}
+      COMMAND gzip -9nf ${page})
+    list(APPEND made ${page}.gz)
+  endforeach()
+  install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION share/man/man1)
+else()
+  message(STATUS "No help2man: the manual pages are left out")
+endif()
+add_custom_target(madeForInstall ALL DEPENDS ${made})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "Tavix maintainers <maintainers@tavix.invalid>")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+    WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"A subject takes the role of a doctor and treats simulated patients while a
+simulated clock runs. A study is one folder with one protected store of its
+tables and results; tavix-study makes or opens it.")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-inter, fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS sqlcipher) # the analyst's way into a store; no program of ours runs it
+include(CPack)
