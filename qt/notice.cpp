@@ -10,5 +10,6 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     look::apply(desktopTheme::isDark());
     QApplication::setWindowIcon(emblem::icon());
-    return QMessageBox(QMessageBox::NoIcon, "Tavix", QApplication::arguments().value(1), QMessageBox::Ok).exec();
+    QMessageBox(QMessageBox::NoIcon, "Tavix", QApplication::arguments().value(1), QMessageBox::Ok).exec();
+    return 0;
 }
