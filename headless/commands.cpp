@@ -191,53 +191,70 @@ void tryCommand(const CommandLine& line) {
 struct Command {
     std::size_t fewest;  ///< arguments
     const char* form;
+    const char* what;
     std::function<void(const CommandLine&)> run;
 };
 
 const std::map<std::string, Command>& table() {
     using Line = const CommandLine&;
+    static const auto control = [](Line l) -> Control& { return controlNamed(l.arguments[0]); };
+    static const auto number = [](Line l, std::size_t i) { return wholeNumber(l.arguments[i]); };
     static const std::map<std::string, Command> commands{
-        {"click", {1, "CONTROL", [](Line l) { acting.press(controlNamed(l.arguments[0])); }}},
-        {"dblclick", {1, "CONTROL", [](Line l) { acting.doublePress(controlNamed(l.arguments[0])); }}},
-        {"type", {2, "CONTROL TEXT", [](Line l) { acting.type(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
+        {"click", {1, "CONTROL", "presses it", [](Line l) { acting.press(control(l)); }}},
+        {"dblclick", {1, "CONTROL", "presses it twice", [](Line l) { acting.doublePress(control(l)); }}},
+        {"type",
+         {2, "CONTROL TEXT", "replaces its text, key by key",
+          [](Line l) { acting.type(control(l), l.lastOf(2)); }}},
         {"paste",
-         {2, "CONTROL TEXT", [](Line l) { acting.paste(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
+         {2, "CONTROL TEXT", "replaces its text in one change",
+          [](Line l) { acting.paste(control(l), l.lastOf(2)); }}},
         {"key",
-         {2, "CONTROL CODE",
-          [](Line l) { acting.key(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
+         {2, "CONTROL CODE", "presses the key with this character code",
+          [](Line l) { acting.key(control(l), number(l, 1)); }}},
         {"choose",
-         {2, "CONTROL TEXT", [](Line l) { acting.choose(controlNamed(l.arguments[0]), l.lastOf(2)); }}},
+         {2, "CONTROL TEXT", "takes this item of a list or a combo box",
+          [](Line l) { acting.choose(control(l), l.lastOf(2)); }}},
         {"slide",
-         {2, "CONTROL VALUE",
-          [](Line l) { acting.slide(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
-        {"tick", {1, "CONTROL", [](Line l) { acting.tick(controlNamed(l.arguments[0]), true); }}},
-        {"untick", {1, "CONTROL", [](Line l) { acting.tick(controlNamed(l.arguments[0]), false); }}},
+         {2, "CONTROL VALUE", "moves a scroll bar there in one move",
+          [](Line l) { acting.slide(control(l), number(l, 1)); }}},
+        {"tick", {1, "CONTROL", "ticks a box", [](Line l) { acting.tick(control(l), true); }}},
+        {"untick", {1, "CONTROL", "takes its tick away", [](Line l) { acting.tick(control(l), false); }}},
         {"mark",
-         {3, "CONTROL START LENGTH",
-          [](Line l) {
-              acting.mark(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1]),
-                          wholeNumber(l.arguments[2]));
-          }}},
+         {3, "CONTROL START LENGTH", "selects characters of its text, from 0",
+          [](Line l) { acting.mark(control(l), number(l, 1), number(l, 2)); }}},
         {"pick",
-         {1, "CONTROL LINE...",
-          [](Line l) { acting.pick(controlNamed(l.arguments[0]), wholeNumbers(l, 1)); }}},
+         {1, "CONTROL LINE...", "selects exactly these lines of a list, from 0",
+          [](Line l) { acting.pick(control(l), wholeNumbers(l, 1)); }}},
         {"tab",
-         {2, "CONTROL PAGE",
-          [](Line l) { acting.turnTo(controlNamed(l.arguments[0]), wholeNumber(l.arguments[1])); }}},
-        {"answer", {1, "BUTTON", [](Line l) { pressAnswer(l.arguments[0]); }}},
-        {"close", {1, "FORM", [](Line l) { acting.close(controlNamed(l.arguments[0])); }}},
+         {2, "CONTROL PAGE", "turns to a page, from 0",
+          [](Line l) { acting.turnTo(control(l), number(l, 1)); }}},
+        {"answer",
+         {1, "BUTTON", "presses OK, Yes or No of the newest message box",
+          [](Line l) { pressAnswer(l.arguments[0]); }}},
+        {"close", {1, "FORM", "closes it by its window button", [](Line l) { acting.close(control(l)); }}},
         {"wait",
-         {1, "MS", [](Line l) { virtualTime::pass(milliseconds(l.arguments[0]), [] { return false; }); }}},
-        {"run", {1, "MS until CONTROL.PROPERTY = TEXT", runUntil}},
-        {"draw", {1, "R...", draw}},
+         {1, "MS", "lets virtual time pass, in milliseconds",
+          [](Line l) { virtualTime::pass(milliseconds(l.arguments[0]), [] { return false; }); }}},
+        {"run",
+         {1, "MS until CONTROL.PROPERTY = TEXT", "lets time pass until this holds, MS at most", runUntil}},
+        {"draw", {1, "R...", "queues random draws: 0.5, or 0.5x40 for forty; clear empties the queue", draw}},
         {"get",
-         {1, "CONTROL.PROPERTY", [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
-        {"state", {1, "FIELD", [](Line l) { print(properties::onOneLine(fieldOf(l.arguments[0]))); }}},
-        {"box", {0, "", [](Line) { printBox(); }}},
-        {"sql", {1, "STATEMENT", [](Line l) { std::cout << sqlText::rows(l.lastOf(1)); }}},
-        {"expect", {2, "TARGET TEXT", expectTarget}},
-        {"try", {1, "COMMAND", tryCommand}},
-        {"picture", {1, "FILE", [](Line l) { writePicture(l.arguments[0]); }}},
+         {1, "CONTROL.PROPERTY", "prints it: caption, text, value, enabled, visible, items...",
+          [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
+        {"state",
+         {1, "FIELD", "prints a field of the run state: patients(0).status",
+          [](Line l) { print(properties::onOneLine(fieldOf(l.arguments[0]))); }}},
+        {"box", {0, "", "prints the newest message box, or none", [](Line) { printBox(); }}},
+        {"sql",
+         {1, "STATEMENT", "prints the rows of a reading statement",
+          [](Line l) { std::cout << sqlText::rows(l.lastOf(1)); }}},
+        {"expect",
+         {2, "TARGET TEXT", "fails unless it is TEXT: CONTROL.PROPERTY, state FIELD, box.text, box.title",
+          expectTarget}},
+        {"try", {1, "COMMAND", "carries it out, and prints the reason if it is refused", tryCommand}},
+        {"picture",
+         {1, "FILE", "draws the screen into a PNG file, where there is one",
+          [](Line l) { writePicture(l.arguments[0]); }}},
     };
     return commands;
 }
@@ -248,6 +265,14 @@ void setPerson(ActingPerson person) { acting = std::move(person); }
 
 void onWaiting() {
     for (Awaited* awaited : underWay) awaited->seen = awaited->seen || awaited->holds();
+}
+
+std::string help() {
+    std::string lines;
+    for (const auto& [name, command] : table()) {
+        lines += fmt::format("  {:<36}  {}\n", name + " " + command.form, command.what);
+    }
+    return lines;
 }
 
 void execute(const std::string& text) {

@@ -14,6 +14,9 @@ void setPerson(ActingPerson person);
 /// it waits for has come, since it may be gone again when the wait is over.
 void onWaiting();
 
+/// A line for each command: its words and what it does.
+std::string help();
+
 /// Carries out one line of a script. A command that cannot be done throws Refused with the reason.
 void execute(const std::string& text);
 
