@@ -1,4 +1,4 @@
-// An expectation that a run-time fault is thrown.
+// An expectation that a run-time fault is thrown: EXPECT_FAULT(Int16(5) % 0, DivisionByZero).
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,6 +7,7 @@
 
 #define EXPECT_FAULT(statement, wanted)                                      \
     do {                                                                     \
+        using enum FaultNumber;                                              \
         try {                                                                \
             static_cast<void>(statement);                                    \
             ADD_FAILURE() << #statement << " does not fault";                \

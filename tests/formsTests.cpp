@@ -1,10 +1,4 @@
 // The controls as records, the windows in front of each other, and what a person can do to them.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "forms/frmDiagnosis.h"
 #include "forms/frmLogin.h"
 #include "forms/frmNewSubject.h"
@@ -23,7 +17,7 @@ class Forms : public testing::Test {
 protected:
     std::string told;  ///< what happened, in its order
 
-    void SetUp() override {
+    Forms() {
         registry::designForms();
         for (Control* control : allControls()) control->on = {};
         forgetWatchers();
@@ -35,75 +29,57 @@ protected:
 };
 
 TEST_F(Forms, ControlsAreFoundByTheirFullNames) {
-    EXPECT_EQ(registry::find("frmDiagnosis.hsbBelief(2)"), &frmDiagnosis.hsbBelief.items[2]);
     EXPECT_EQ(registry::find("frmTavix.fraDiagnose(1)"), &frmTavix.fraDiagnose1);
     EXPECT_EQ(registry::find("frmOptions"), &frmOptions.form);
     EXPECT_EQ(registry::find("frmTavix.optTest(6)"), nullptr);
-    EXPECT_FAULT(frmTavix.hsbBelief[4], FaultNumber::SubscriptOutOfRange);
-    std::vector<std::string> names;
-    for (const Control* control : allControls()) names.push_back(fullName(*control));
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end()) << "a name stands twice";
+    EXPECT_FAULT(frmTavix.hsbBelief[4], SubscriptOutOfRange);
+    for (Control* control : allControls()) EXPECT_EQ(registry::find(fullName(*control)), control);
 }
 
 TEST_F(Forms, AChangeRunsItsHandlerInsideTheAssignment) {
-    Control& first = frmDiagnosis.hsbBelief[0];
+    Control& meter = frmDiagnosis.hsbBelief[0];
     Control& second = frmDiagnosis.hsbBelief[1];
-    watchControls([&](Control& control, Property property) {
+    watchControls([this](Control& control, Property property) {
         if (property == Property::Value) told += std::to_string(control.element) + " told ";
     });
-    first.on.change = [&] {
+    meter.on.change = [&] {
         setValue(second, 1);
         tell("0 done")();
     };
     second.on.change = tell("1 runs");
-    setValue(first, 60);
-    setValue(first, 60);
+    for (int i = 0; i < 2; ++i) setValue(meter, 60);
     EXPECT_EQ(told, "0 told 1 told 1 runs 0 done ");
-}
-
-TEST_F(Forms, AScrollBarKeepsToItsLimits) {
-    Control& meter = frmDiagnosis.hsbBelief[0];
-    meter.on.change = tell("change");
-    EXPECT_FAULT(setValue(meter, 0), FaultNumber::InvalidPropertyValue);
-    EXPECT_FAULT(setValue(meter, 101), FaultNumber::InvalidPropertyValue);
-    EXPECT_EQ(told, "");
-    setMax(meter, 98);
-    EXPECT_EQ(meter.value.raw, 98);
+    // A scroll bar refuses what lies outside its limits, and goes along with a limit that moves.
+    told.clear();
+    EXPECT_FAULT(setValue(meter, 0), InvalidPropertyValue);
+    EXPECT_FAULT(setValue(meter, 101), InvalidPropertyValue);
     setMin(meter, 0);
-    EXPECT_EQ(told, "change ");
-    setMax(meter, 100);
-    setMin(meter, 99);
-    EXPECT_EQ(meter.value.raw, 99);
+    setMax(meter, 60);
+    EXPECT_EQ(told, "");
+    setMax(meter, 59);
+    EXPECT_EQ(meter.value, 59);
+    EXPECT_EQ(told, "0 told 0 done ");
 }
 
 TEST_F(Forms, OptionButtonsListsAndComboBoxesBehaveLikeThemselves) {
     setValue(frmNewSubject.optMale, 1);
-    EXPECT_EQ(frmNewSubject.optFemale.value.raw, 0);
+    EXPECT_EQ(frmNewSubject.optFemale.value, 0);
     setValue(frmTavix.optTest[1], 1);
-    EXPECT_EQ(frmNewSubject.optMale.value.raw, 1) << "another container's buttons are not concerned";
-
+    EXPECT_EQ(frmNewSubject.optMale.value, 1) << "another container's buttons are not concerned";
     Control& combo = frmDiagnosis.cboHypothesis[0];
     combo.on.change = tell("change");
     combo.on.click = tell("click");
     addItem(combo, "Aavo");
-    EXPECT_EQ(combo.text, "Unknown");
     setListIndex(combo, 0);
-    EXPECT_EQ(combo.text, "Aavo");
-    EXPECT_EQ(told, "click ") << "an item that is taken is no change of the text";
+    EXPECT_EQ(told + combo.text, "click Aavo") << "an item that is taken is no change of the text";
     clearItems(combo);
-    EXPECT_EQ(combo.text, "");
-    EXPECT_EQ(told, "click change ");
-    EXPECT_FAULT(setListIndex(combo, 0), FaultNumber::InvalidPropertyValue);
-
+    EXPECT_EQ(told + combo.text, "click change ");
+    EXPECT_FAULT(setListIndex(combo, 0), InvalidPropertyValue);
     Control& list = frmTavix.lstSymptoms;
     for (const char* item : {"a", "b", "c"}) addItem(list, item);
     selectItems(list, {1, 2});
     removeItem(list, 1);
-    EXPECT_EQ(list.items, (std::vector<std::string>{"a", "c"}));
     EXPECT_EQ(firstSelected(list), 1) << "a line that goes takes its own selection with it";
-    selectItems(list, {});
-    EXPECT_EQ(firstSelected(list), -1);
 }
 
 TEST_F(Forms, UnloadingPutsTheDesignBackAndKeepsTheHandlers) {
@@ -112,37 +88,36 @@ TEST_F(Forms, UnloadingPutsTheDesignBackAndKeepsTheHandlers) {
     frmDiagnosis.DiagnosisCount = 3;
     designFrmDiagnosis();
     EXPECT_EQ(frmDiagnosis.lblBelief[1].caption, "0.50");
-    EXPECT_EQ(frmDiagnosis.DiagnosisCount.raw, 0);
+    EXPECT_EQ(frmDiagnosis.DiagnosisCount, 0);
     frmDiagnosis.cmdTests.on.click();
     EXPECT_EQ(told, "click ");
 }
 
 TEST_F(Forms, WhatStandsInFrontTakesTheInput) {
+    Control& prescribe = frmTavix.cmdPrescribe;
     windows::show(frmTavix.form);
-    EXPECT_EQ(windows::refusal(frmTavix.cmdPrescribe), "frmTavix.cmdPrescribe is hidden");
+    EXPECT_EQ(windows::refusal(prescribe), "frmTavix.cmdPrescribe is hidden");
     setVisible(frmTavix.tabTavix, true);
     setVisible(frmTavix.fraTreatment, true);
-    EXPECT_EQ(windows::refusal(frmTavix.cmdPrescribe), "");
+    EXPECT_EQ(windows::refusal(prescribe), "");
     setEnabled(frmTavix.fraTreatment, false);
-    EXPECT_EQ(windows::refusal(frmTavix.cmdPrescribe), "frmTavix.cmdPrescribe is disabled");
+    EXPECT_EQ(windows::refusal(prescribe), "frmTavix.cmdPrescribe is disabled");
     windows::setFocus(frmTavix.cmdIssue);
-    for (Control* without : {&frmTavix.cmdPrescribe, &frmLogin.txtName, &frmTavix.fraTests}) {
+    for (Control* without : {&prescribe, &frmLogin.txtName, &frmTavix.fraTests}) {
         windows::setFocus(*without);
         EXPECT_TRUE(windows::hasFocus(frmTavix.cmdIssue)) << fullName(*without) << " cannot take the focus";
     }
-
     host().waitWhile = [](const std::function<bool()>& open) {
-        EXPECT_TRUE(open());
         EXPECT_EQ(windows::refusal(frmTavix.cmdIssue), "frmTavix.cmdIssue stands behind frmLogin");
         EXPECT_TRUE(windows::hasFocus(frmLogin.txtName)) << "a form comes up with its first control";
         windows::openBox();
         EXPECT_EQ(windows::refusal(frmLogin.txtName), "frmLogin.txtName stands behind a message box");
         windows::closeBox();
         windows::setFocus(frmLogin.cboType);
+        EXPECT_TRUE(open());
         windows::hide(frmLogin.form);
         EXPECT_FALSE(open());
-        EXPECT_EQ(windows::refusal(frmTavix.cmdIssue), "")
-            << "a form that is hidden is modal no more, at once";
+        EXPECT_EQ(windows::refusal(frmTavix.cmdIssue), "") << "what is hidden is modal no more, at once";
     };
     windows::showModal(frmLogin.form);
     EXPECT_TRUE(windows::hasFocus(frmTavix.cmdIssue));
@@ -150,30 +125,23 @@ TEST_F(Forms, WhatStandsInFrontTakesTheInput) {
     EXPECT_TRUE(windows::hasFocus(frmLogin.cboType)) << "a form comes up again where it was left";
 }
 
-TEST_F(Forms, TypingGoesThroughTheKeyRuleOfTheBox) {
+TEST_F(Forms, APersonActsThroughTheRulesOfTheControl) {
     windows::show(frmLogin.form);
     Control& box = frmLogin.txtName;
     box.on.key = [](int code) { return code != 'x'; };
     person::type(box, "axb\xC3\xA4");
     EXPECT_EQ(box.text, "ab\xC3\xA4");
     person::key(box, 8);
-    EXPECT_EQ(box.text, "ab");
     person::mark(box, 0, 1);
     person::key(box, 'Q');
-    EXPECT_EQ(box.text, "Qb");
-    EXPECT_EQ(box.selStart, 1);
+    EXPECT_EQ(box.text + std::to_string(box.selStart), "Qb1");
     person::paste(box, "xx");
     EXPECT_EQ(box.text, "xx");
-    person::type(box, "");
-    EXPECT_EQ(box.text, "");
     EXPECT_THROW(person::press(frmLogin.cmdOk), Refused);
-}
-
-TEST_F(Forms, APersonTurnsToThePageOfAControl) {
     windows::show(frmTavix.form);
     setVisible(frmTavix.tabTavix, true);
     person::press(frmTavix.cmdDiagnosis);
-    EXPECT_EQ(frmTavix.tabTavix.value.raw, 1);
+    EXPECT_EQ(frmTavix.tabTavix.value, 1) << "the way to a control leads over its page";
     EXPECT_THROW(person::turnTo(frmTavix.tabTavix, 3), Refused);
     EXPECT_THROW(person::slide(frmTavix.hsbBelief[0], 5), Refused);
     person::type(frmTavix.txtIntro, "x");

@@ -1,38 +1,23 @@
-// What a run loads from its store: options, words, the model's tables, the roster and the subject's last
-// trial.
-#include <gtest/gtest.h>
-
+// What a run loads from its store: options, words, the model's tables and the subject's last trial.
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "forms/frmLogin.h"
-#include "forms/frmOptions.h"
 #include "forms/frmTavix.h"
+#include "forms/registry.h"
 #include "knowledge/modDisease.h"
 #include "knowledge/modPatient.h"
 #include "knowledge/modTests.h"
 #include "knowledge/termOrders.h"
-#include "platform/randomSource.h"
-#include "state/TrialState.h"
 #include "store/loading/modAppLoad.h"
 #include "store/record/Options.h"
-#include "tests/faults.h"
 #include "tests/stage.h"
-#include "tests/temporaryStudy.h"
-#include "trial/course/modHealth.h"
-#include "trial/run/run.h"
 
 namespace {
 
 /// Subject kim at the sign-in, in the scenario "Plain".
-class Load : public testing::Test {
+class Load : public Logic {
 protected:
-    TemporaryStudy study;
-    Stage stage{study.folder};
-    TrialState& s = trialState;
-
-    void SetUp() override {
+    Load() {
         s.subjectName = "kim";
         signIn("Plain");
     }
@@ -42,239 +27,131 @@ protected:
         setText(frmLogin.cboType, setting);
         s.settingName = setting;
         s.settingIndex = findItem(frmLogin.cboType, setting);
-    }
-    static void loadModel() {
         modDisease::loadBaseRates();
         modDisease::loadDiseaseSymptom();
     }
     [[nodiscard]] std::string orders() const {
         return study.rows("SELECT Subject,Setting,TestOrder,DiseaseOrder FROM SubjectSettings");
     }
-    template <class Term>
-    static std::string words(const List<Term>& terms) {
+    [[nodiscard]] std::string words() const {
         std::string all;
-        for (const Term& term : terms) all += (all.empty() ? "" : ",") + term.term;
+        for (const Symptom& symptom : s.symptomTerms) all += symptom.term + ",";
+        for (const Disease& disease : s.diseaseTerms) all += "|" + disease.term;
         return all;
     }
 };
 
-TEST_F(Load, OptionsBeforeAScenarioIsLoaded) {
-    EXPECT_EQ(Options.Time.value(), 4);
-    EXPECT_EQ(Options.SimRate.value(), 4);
-    std::string texts = Options.StartHour.text() + ":" + Options.StartMin.text();
+TEST_F(Load, EachColumnHasItsOwnFlagAndField) {
+    std::string texts;
     for (const TextColumn& column : textColumns()) texts += " " + (Options.*column.field).text();
-    EXPECT_EQ(texts, "01:00 2000 0 0 25 50 100");
-    for (const FlagColumn& column : flagColumns()) EXPECT_FALSE(Options.*column.flag) << column.column;
+    EXPECT_EQ(texts, " 2000 0 0 25 50 100");
+    for (const FlagColumn& column : flagColumns()) {
+        EXPECT_FALSE(Options.*column.flag) << column.column;
+        study.change(std::string("UPDATE tblAppDefault SET ") + column.column + " = 0");
+    }
+    std::ptrdiff_t ticked = 0;
+    for (const std::string pair :
+         {"CyclePatients chkCycle", "ShowOptions chkOptionsFrequency", "DiagnoseAfterTests chkForce",
+          "TimeStopDiagnosis chkStopTime", "DiagnoseAllDiseases chkDiagnoseAll", "YokeBeliefMeters chkYoke",
+          "Normalize chkNormalize", "InitToBaseRates chkInitToBaseRates", "ViewBaseRates chkBaseRates",
+          "ViewSymptomDisease chkSVD", "ViewTreatmentDisease chkTreatmentTable", "DoTreatments chkTreatments",
+          "FeedbackSymptomsP chkFeedbackSymptom", "FeedbackTestsResults chkFeedbackTests",
+          "FeedbackDiseaseP chkDiseaseProbability", "UseNormalizeScore chkUseNormalize",
+          "ShowNormalize chkShowNormalize", "BestTreatment chkBestTreatment"}) {
+        const std::size_t blank = pair.find(' ');
+        study.change("UPDATE tblAppDefault SET " + pair.substr(0, blank) + " = -1");
+        modAppLoad::loadOptions();
+        EXPECT_TRUE(isTicked(*registry::find("frmOptions." + pair.substr(blank + 1)))) << pair;
+        const auto isOn = [](const Control* c) { return c->kind == Kind::TickBox && isTicked(*c); };
+        EXPECT_EQ(std::count_if(allControls().begin(), allControls().end(), isOn), ++ticked) << pair;
+    }
     setValue(Options.Normalize.box, 2);
     EXPECT_FALSE(Options.Normalize) << "on only when it is 1";
 }
 
-TEST_F(Load, EachColumnHasItsOwnFlag) {
-    for (const FlagColumn& column : flagColumns())
-        study.change(std::string("UPDATE tblAppDefault SET TreatmentProperty = 0, ") + column.column +
-                     " = 0");
-    const std::vector<std::pair<const char*, Control*>> boxes{
-        {"CyclePatients", &frmOptions.chkCycle},
-        {"ShowOptions", &frmOptions.chkOptionsFrequency},
-        {"DiagnoseAfterTests", &frmOptions.chkForce},
-        {"TimeStopDiagnosis", &frmOptions.chkStopTime},
-        {"DiagnoseAllDiseases", &frmOptions.chkDiagnoseAll},
-        {"YokeBeliefMeters", &frmOptions.chkYoke},
-        {"Normalize", &frmOptions.chkNormalize},
-        {"InitToBaseRates", &frmOptions.chkInitToBaseRates},
-        {"ViewBaseRates", &frmOptions.chkBaseRates},
-        {"ViewSymptomDisease", &frmOptions.chkSVD},
-        {"ViewTreatmentDisease", &frmOptions.chkTreatmentTable},
-        {"DoTreatments", &frmOptions.chkTreatments},
-        {"FeedbackSymptomsP", &frmOptions.chkFeedbackSymptom},
-        {"BestTreatment", &frmOptions.chkBestTreatment},
-        {"FeedbackTestsResults", &frmOptions.chkFeedbackTests},
-        {"ShowNormalize", &frmOptions.chkShowNormalize},
-        {"FeedbackDiseaseP", &frmOptions.chkDiseaseProbability},
-        {"UseNormalizeScore", &frmOptions.chkUseNormalize}};
-    int count = 0;
-    for (const auto& [column, box] : boxes) {
-        study.change(std::string("UPDATE tblAppDefault SET ") + column + " = -1");
-        modAppLoad::loadOptions();
-        EXPECT_TRUE(isTicked(*box)) << column;
-        const auto ticked = [](const Control* control) {
-            return control->kind == Kind::TickBox && isTicked(*control);
-        };
-        EXPECT_EQ(std::count_if(allControls().begin(), allControls().end(), ticked), ++count) << column;
-    }
-}
-
-TEST_F(Load, OptionsOfAScenario) {
-    // A flag that is off in the row stays as it stands; an empty treatment column leaves both flags.
-    Options.Normalize.set(true);
-    study.change(
-        "UPDATE tblAppDefault SET DoTreatments = 0, TreatmentProperty = -1, StartHour = '11', "
-        "StartMin = '5', TestCost = NULL, HealAward = '1x' WHERE Setting = 'Plain'");
-    modAppLoad::loadOptions();
-    EXPECT_TRUE(Options.Normalize);
-    EXPECT_FALSE(Options.DoTreatments || Options.OneTreatment);
-    EXPECT_TRUE(Options.Risk);
-    EXPECT_EQ(Options.StartHour.text() + ":" + Options.StartMin.text(), "011:05");
-    EXPECT_EQ(Options.TestCost.text() + "|" + Options.HealAward.text(), "|1x");
-
-    const auto loadWith = [this](const std::string& values) {
-        study.change("UPDATE tblAppDefault SET " + values + " WHERE Setting = 'Plain'");
-        modAppLoad::loadOptions();
-    };
-    loadWith("DoTreatments = -1, TreatmentProperty = NULL, StartHour = '9', StartMin = '10'");
-    EXPECT_TRUE(Options.OneTreatment && !Options.Risk) << "as the treatment stage ticks them";
-    EXPECT_EQ(Options.StartHour.text() + ":" + Options.StartMin.text(), "9:10");
-    loadWith("TreatmentProperty = 0");
-    EXPECT_FALSE(Options.OneTreatment || Options.Risk);
-    for (const char* property : {"-2", "2"}) {
-        EXPECT_THROW(loadWith(std::string("TreatmentProperty = ") + property), ProgramEnded);
-        EXPECT_EQ(stage.said(),
-                  "|Error in TreatmentProperty of options in database file, table tblAppDefault");
-    }
-    EXPECT_FAULT(loadWith("SimRate = 21"), FaultNumber::InvalidPropertyValue);
-    EXPECT_FAULT(loadWith("SimRate = NULL"), FaultNumber::InvalidUseOfNull);
+TEST_F(Load, OptionsThatCannotBeTaken) {
+    study.change("UPDATE tblAppDefault SET TreatmentProperty = -2");
+    EXPECT_THROW(modAppLoad::loadOptions(), ProgramEnded);
+    EXPECT_EQ(said(), "|Error in TreatmentProperty of options in database file, table tblAppDefault");
+    study.change("UPDATE tblAppDefault SET TreatmentProperty = NULL, SimRate = NULL");
+    EXPECT_FAULT(modAppLoad::loadOptions(), InvalidUseOfNull);
     study.change("ALTER TABLE tblAppDefault RENAME TO kept");
     study.change("CREATE TABLE tblAppDefault AS SELECT Setting, TestLengthSetting, 4 AS Time FROM kept");
-    EXPECT_FAULT(modAppLoad::loadOptions(), FaultNumber::ItemNotFound);
+    EXPECT_FAULT(modAppLoad::loadOptions(), ItemNotFound);
     study.change("DELETE FROM tblAppDefault");
     EXPECT_THROW(modAppLoad::loadOptions(), ProgramEnded);
-    EXPECT_EQ(stage.said(), "Weird option load error|Settings in tblappdefault were somehow deleted");
-}
-
-TEST_F(Load, RatesAreReachedByThePlaceInTheSortedList) {
-    study.change("INSERT INTO tblAppDefault (Setting) VALUES ('aaa')");
-    study.change("INSERT INTO tblBaseRates (Setting, Count, D1) VALUES ('aaa', 1, 77)");
-    signIn("aaa");
-    loadModel();
-    EXPECT_EQ(s.settingIndex.raw, 0);
-    EXPECT_EQ(modDisease::currentBaseRates().percents[0], 77);
-    EXPECT_EQ(s.baseRateRows, 3);
+    EXPECT_EQ(said(), "Weird option load error|Settings in tblappdefault were somehow deleted");
 }
 
 TEST_F(Load, ModelTables) {
-    loadModel();
     EXPECT_EQ(modDisease::currentBaseRates().setting, "Plain");
-    EXPECT_EQ(s.symptomCount, 3);
     EXPECT_EQ(s.tableDiseaseCount, 3);
     EXPECT_EQ(s.diseaseSymptom[2].percents[1], 50);
     EXPECT_TRUE(s.diseaseSymptom[0].initVisible);
-    // Without rows all stays as it was, and nothing is said.
-    signIn("No such scenario");
-    study.change("DELETE FROM tblBaseRates");
-    loadModel();
-    EXPECT_EQ(s.baseRateRows, 2);
+    // Rates are reached by the scenario's place in the sorted list; without rows all stays as it was.
+    study.change("INSERT INTO tblAppDefault (Setting) VALUES ('aaa')");
+    study.change("INSERT INTO tblBaseRates (Setting, Count, D1) VALUES ('aaa', 1, 77)");
+    signIn("aaa");
+    EXPECT_EQ(s.settingIndex, 0);
+    EXPECT_EQ(modDisease::currentBaseRates().percents[0], 77);
     EXPECT_EQ(s.symptomCount, 3);
-    EXPECT_EQ(stage.said(), "");
+    study.change("DELETE FROM tblBaseRates");
+    signIn("aaa");
+    EXPECT_EQ(s.baseRateRows, 3);
+    EXPECT_EQ(said(), "");
 
     signIn("Plain");
     const auto loadWith = [this](const std::string& values) {
         study.change("UPDATE tblDiseaseSymptom SET " + values);
         modDisease::loadDiseaseSymptom();
+        return s.diseaseSymptom[0].initVisible;
     };
-    loadWith("InitVisible = NULL");
-    EXPECT_FALSE(s.diseaseSymptom[0].initVisible);
-    EXPECT_FAULT(loadWith("D2 = 32768"), FaultNumber::Overflow);
-    EXPECT_FAULT(loadWith("D2 = NULL"), FaultNumber::InvalidUseOfNull);
-    EXPECT_FAULT(loadWith("D2 = 1, Count = 5, D4 = 1"), FaultNumber::ItemNotFound);  // there is no D5
+    EXPECT_FALSE(loadWith("InitVisible = NULL"));
+    EXPECT_FAULT(loadWith("D2 = 32768"), Overflow);
+    EXPECT_FAULT(loadWith("D2 = NULL"), InvalidUseOfNull);
+    EXPECT_FAULT(loadWith("D2 = 1, Count = 5, D4 = 1"), ItemNotFound);  // there is no D5
     // A slot for which no row comes keeps the length that it comes with.
     s.testLengthSetting = "slow";
     modTests::loadTests();
-    EXPECT_EQ(
-        frmTavix.lblTestTime[0].caption + frmTavix.lblTestTime[1].caption + frmTavix.lblTestTime[2].caption,
-        "90030");
+    std::string lengths;
+    for (const Control& label : frmTavix.lblTestTime) lengths += label.caption + " ";
+    EXPECT_EQ(lengths, "90 0 30 30 30 30 ");
 }
 
 TEST_F(Load, WordsAreDealtSymptomsFirstAndStored) {
-    loadModel();
     // Six symptoms, of which three are stored; then three diseases of five.
     draw({0.99, 0, 0, 0, 0, 0, 0.4, 0.5, 0});
     termOrders::loadVocabulary();
-    EXPECT_EQ(words(s.symptomTerms), "Unrest,Quiver,Rash,Stupor,Tremor,Pallor");
+    EXPECT_EQ(words(), "Unrest,Quiver,Rash,Stupor,Tremor,Pallor,|Brill|Corvex|Aavo");
     EXPECT_EQ(orders(), "kim|Plain|Unrest,Quiver,Rash|Brill,Corvex,Aavo");
-
     // A word that is dropped may be empty; an empty vocabulary leaves the words, which are dealt again.
     study.change("UPDATE tblVocabulary SET Term = NULL WHERE Term = 'Extra'");
     study.change("DELETE FROM tblVocabulary WHERE Type = 'Symptom'");
     draw({0.2, 0, 0, 0, 0, 0, 0, 0, 0});
     termOrders::loadVocabulary();
-    EXPECT_EQ(words(s.symptomTerms), "Quiver,Unrest,Rash,Stupor,Tremor,Pallor");
-
-    // Of two rows the first; a subject without one is dealt words.
+    EXPECT_EQ(words(), "Quiver,Unrest,Rash,Stupor,Tremor,Pallor,|Aavo|Brill|Corvex");
+    // Of two rows the first, in either letter case.
     s.subjectName = "KIM";
     termOrders::restoreTermOrders();
-    EXPECT_EQ(words(s.symptomTerms) + "|" + words(s.diseaseTerms), "Unrest,Quiver,Rash|Brill,Corvex,Aavo");
-    EXPECT_EQ(s.symptomTermCount, 3);
-    s.subjectName = "lea";
-    termOrders::restoreTermOrders();
-    EXPECT_TRUE(orders().ends_with("/lea|Plain|" + words(s.symptomTerms) + "|" + words(s.diseaseTerms)));
-
+    EXPECT_EQ(words(), "Unrest,Quiver,Rash,|Brill|Corvex|Aavo");
     study.change("UPDATE SubjectSettings SET TestOrder = NULL");
-    EXPECT_FAULT(termOrders::restoreTermOrders(), FaultNumber::InvalidUseOfNull);
-}
-
-TEST_F(Load, FourDiseasesAtMostAndNoFewerSymptomsThanRows) {
-    study.change("UPDATE tblBaseRates SET Count = 5, D4 = 0");
+    EXPECT_FAULT(termOrders::restoreTermOrders(), InvalidUseOfNull);
     study.change("ALTER TABLE tblBaseRates ADD COLUMN D5 DEFAULT 0");
-    loadModel();
-    draw({0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    study.change("UPDATE tblBaseRates SET Count = 5, D4 = 0");
+    signIn("Plain");
     termOrders::loadVocabulary();
-    EXPECT_EQ(words(s.diseaseTerms), "Aavo,Brill,Corvex,Dunnit");
-    study.change("DELETE FROM tblVocabulary WHERE Term > 'R'");
-    EXPECT_FAULT(termOrders::loadVocabulary(), FaultNumber::SubscriptOutOfRange);
-    EXPECT_EQ(study.rows("SELECT count(*) FROM SubjectSettings"), "1");
-    study.change("UPDATE tblVocabulary SET Term = NULL");
-    EXPECT_FAULT(termOrders::loadVocabulary(), FaultNumber::InvalidUseOfNull);
+    EXPECT_EQ(s.diseaseCount, 4) << "four at most";
+    s.symptomCount = 4;
+    EXPECT_FAULT(termOrders::recordTermOrders(), SubscriptOutOfRange);
+    EXPECT_EQ(study.rows("SELECT count(*) FROM SubjectSettings"), "3");
 }
 
-TEST_F(Load, ARosterIsDrawnFromWithFiftyTries) {
-    Options.InitScore.set("25");
-    s.trialNumber = 9;
+TEST_F(Load, ASubjectGoesOnWithTheLastTrial) {
+    study.change(
+        "INSERT INTO dataTrial (Subject, Trial, Score) VALUES ('kim', 9, 100), ('KIM', 12, -7), "
+        "('kim', 10, 300), ('kim1', 20, 5)");
     modPatient::loadPatients();
-    EXPECT_EQ(s.trialNumber.raw, 0);
-    EXPECT_EQ(Options.InitScore.text(), "25");
-    for (const char* row : {"'kim', 9, 100", "'KIM', 12, -7", "'kim', 10, 300", "'kim1', 20, 5"})
-        study.change(std::string("INSERT INTO dataTrial (Subject, Trial, Score) VALUES (") + row + ")");
-    modAppLoad::loadOptions();
-    frmLogin.IsNew = true;
-    modAppLoad::loadCaseData();
-    EXPECT_EQ(s.trialNumber.raw, 12);
-    EXPECT_EQ(Options.InitScore.text(), "-7");
-
-    const auto nextAfter = [this](std::size_t tries) {
-        std::vector<double> draws(tries, 0.0);
-        draws.push_back(0.995);
-        draw({});
-        randomSource::queueDraws(draws);
-        modPatient::nextPatient();
-        return frmTavix.lblPatientName.caption + " " + std::to_string(s.trialNumber.raw);
-    };
-    s.patients[0].status = "Dead";
-    EXPECT_EQ(nextAfter(50), " 12");
-    EXPECT_EQ(stage.said(), "|Could not retrieve patient info");
-    EXPECT_EQ(nextAfter(49), "Karl Dorn 13");
-    EXPECT_EQ(frmTavix.lblHeight.caption + frmTavix.lblGender.caption + frmTavix.lblWeight.caption,
-              "5'10\"Male180 lbs");
-    EXPECT_EQ(frmTavix.txtIntro.text.find("\r\r"), std::string::npos) << "whatever its line ends";
-    EXPECT_TRUE(frmTavix.txtIntro.text.ends_with(".\r\n"));
-    EXPECT_EQ(s.patients[1].status, "Under Surveillance");
-    s.patientsSeen = 2;
-    Options.CyclePatients.set(false);
-    EXPECT_EQ(nextAfter(0), "Karl Dorn 14");
-    EXPECT_EQ(stage.said(),
-              "All Patients Diagnosed|Please alert moderator to click Yes to cycle again or No to quit");
-    EXPECT_EQ(s.patients[0].status, "Untreated");
-    s.patientsSeen = 2;
-    stage.answers = {Answer::No};
-    EXPECT_THROW(nextAfter(0), ProgramEnded);
-    study.change("UPDATE tblPatients SET Intro = 'nowhere.txt', Picture = 'anna.txt'");
-    modPatient::loadPatients();
-    EXPECT_FAULT(nextAfter(0), FaultNumber::FileNotFound);
-    study.change("UPDATE tblPatients SET Intro = NULL, Age = NULL WHERE Age < 50");
-    EXPECT_FAULT(modPatient::loadPatients(), FaultNumber::InvalidUseOfNull);
-    study.change("DELETE FROM tblPatients WHERE Age IS NULL");
-    study.change("UPDATE tblPatients SET Intro = NULL");
-    modPatient::loadPatients();
-    EXPECT_FAULT(nextAfter(0), FaultNumber::InvalidPicture);
+    EXPECT_EQ(std::to_string(s.trialNumber.raw) + " " + Options.InitScore.text(), "12 -7");
 }
 
 TEST_F(Load, AnotherScenarioInMidRun) {
@@ -286,32 +163,11 @@ TEST_F(Load, AnotherScenarioInMidRun) {
     for (const char* item : {"Four", "Plain", "Four"}) addItem(frmTavix.cboT, item);
     Options.TestCost.set("7");
     modAppLoad::changeSetting();
-    EXPECT_EQ(s.settingName, "Four");
     EXPECT_EQ(s.settingIndex, 0);
-    EXPECT_EQ(s.symptomCount, 6);
     EXPECT_EQ(s.likelihoodRows, 64.0);
     EXPECT_EQ(Options.TestCost.text(), "7") << "the options stay";
     // Stored under the scenario of the sign-in, also for a new subject, who is dealt words again.
     EXPECT_EQ(study.rows("SELECT Setting FROM SubjectSettings"), "Plain/Plain");
-}
-
-TEST_F(Load, EachTrialBeginsItsCountsAnew) {
-    modHealth::initHealthMonitor();
-    modAppLoad::loadOptions();
-    modAppLoad::loadCaseData();
-    for (Int16 TrialState::*count :
-         {&TrialState::eventCount, &TrialState::noteSymptomCount, &TrialState::evidenceCount,
-          &TrialState::removeCount, &TrialState::testCount, &TrialState::diagnosisCount,
-          &TrialState::treatmentCount, &TrialState::elapsedHours}) {
-        s.*count = 7;
-        s.elapsedMinutes = 7;
-        s.patientSaved = true;
-        run::startTrial();
-        EXPECT_EQ(s.*count, 0);
-        EXPECT_EQ(s.elapsedMinutes, 0);
-        EXPECT_FALSE(s.patientSaved);
-    }
-    EXPECT_EQ(s.diagnosisStateId, "kim08_00");
 }
 
 }  // namespace

@@ -3,9 +3,8 @@
 #include "platform/files.h"
 #include "platform/randomSource.h"
 #include "screens/wiring.h"
-#include "state/TrialState.h"
 
-Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
+Logic::Logic() {
     wiring::wireForms();
     randomSource::fixState(1);
     Host& h = host();
@@ -21,12 +20,12 @@ Stage::Stage(std::string programFolder) : folder(std::move(programFolder)) {
     h.milliseconds = [this] { return now; };
     h.today = [] { return "2026-01-05"; };
     h.timeOfDay = [] { return "09:30:00"; };
-    h.programFolder = [this] { return folder; };
+    h.programFolder = [this] { return study.folder; };
     h.loadPicture = files::checkPicture;
     h.endProgram = [](int status) { throw ProgramEnded{status}; };
 }
 
-std::string Stage::said() {
+std::string Logic::said() {
     std::string all;
     for (const MessageBox& box : boxes) all += (all.empty() ? "" : "/") + box.title + "|" + box.text;
     boxes.clear();

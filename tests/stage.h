@@ -1,5 +1,5 @@
-// A host for tests of the logic: time that stands still unless moved, message boxes that are kept and
-// answered as told, and the end of the program as something to catch; and a scenario without a store.
+// What the tests of the logic stand on: a study with a store, a host whose time stands still unless moved and
+// whose message boxes are kept and answered as told, and a scenario in memory for those who need no store.
 #pragma once
 
 #include <cstdint>
@@ -9,19 +9,24 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "state/TrialState.h"
+#include "tests/faults.h"
+#include "tests/temporaryStudy.h"
 
 struct ProgramEnded {
     int status;
 };
 
-struct Stage {
-    std::string folder;             ///< the program's folder
+/// The run is put back to its start for each.
+class Logic : public testing::Test {
+protected:
+    Logic();
+
+    TemporaryStudy study;
     std::vector<MessageBox> boxes;  ///< all that were shown
     std::deque<Answer> answers;     ///< of the boxes to come; Yes, or OK, when there are none
     std::uint32_t now = 0;          ///< milliseconds
-
-    /// Puts the host in place and the run back to its start.
-    explicit Stage(std::string programFolder = {});
+    TrialState& s = trialState;
 
     /// The boxes since the last call, each as its title, "|" and its text, parted by "/".
     std::string said();
@@ -30,7 +35,6 @@ struct Stage {
 /// These draws come next, and no others that were queued.
 void draw(std::initializer_list<double> next);
 
-/// A scenario in memory: rates of the diseases Aavo, Brill, Corvex and Dunnit in percent, and by symptom
-/// (Pallor, Quiver ...) the chances with each of them. Its one patient, Anna at 75 points, has the first
-/// disease.
+/// Rates of the diseases Aavo, Brill, Corvex and Dunnit in percent, and for each symptom (Pallor, Quiver ...)
+/// its chances with each of them. The one patient, Anna at 75 points, has the first disease.
 void setScenario(const std::vector<int>& rates, const std::vector<std::vector<int>>& symptoms = {});
