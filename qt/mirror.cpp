@@ -80,6 +80,7 @@ void showAll(Control& form) {
         QWidget* widget = faceOf.at(control).widget;
         widget->setVisible(control->visible);
         widget->setEnabled(control->enabled);
+        widget->setAccessibleName(names::accessibleName(*control));
     }
     layOut(form);
 }

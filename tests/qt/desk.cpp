@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "forms/frmSplash.h"
 #include "forms/frmTavix.h"
 #include "forms/registry.h"
 #include "qt/look.h"
@@ -23,6 +24,12 @@ void lay() {
     look::apply(false);
     wiring::wireForms();
     mirror::build();
+}
+
+std::vector<Control*> workForms() {
+    std::vector<Control*> forms = registry::forms();
+    std::erase(forms, &frmSplash.form);
+    return forms;
 }
 
 /// Buttons that the toolkit keeps ready inside a widget and does not show.

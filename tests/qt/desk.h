@@ -11,6 +11,9 @@ namespace desk {
 /// Builds the windows once for all tests of the program.
 void lay();
 
+/// The windows in which a person works: all but the splash.
+std::vector<Control*> workForms();
+
 /// Shows a form with every control that some study can show.
 void showWhole(Control& form);
 
