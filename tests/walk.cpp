@@ -36,20 +36,14 @@ auto anyOf(const Items& items) {
 }
 
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
-
-std::string anyText() {
-    static const Texts texts{
-        "",    "tired", "fièvre à 39", "7",     "0.5",       "12",  "59",
-        "-1e", " x  ",  "60 %",        "a\\nb", "Treatment", "%_*", "a note of \\\"more\\\" words"};
-    return quoted(anyOf(texts));
-}
+std::string itemOf(const Control& list) { return quoted(list.items.empty() ? "none" : anyOf(list.items)); }
 
 /// One of the things that a person can try on this kind of control.
 std::string actOn(const Control& control) {
     static const std::map<Kind, Texts> acts{
         {Kind::Button, {"click {0}", "click {0}", "click {0}", "key {0} 13", "key {0} 32", "key {0} 111"}},
         {Kind::TextBox,
-         {"type {0} {1}", "paste {0} {1}", "mark {0} {2} {3}", "key {0} 8", "key {0} 13", "key {0} 50",
+         {"type {0} {1}", "paste {0} {1}", "mark {0} {3} {2}", "key {0} 8", "key {0} 13", "key {0} 50",
           "key {0} 252"}},
         {Kind::ComboBox, {"choose {0} {4}", "choose {0} {4}", "choose {0} {4}", "type {0} {1}", "key {0} 8"}},
         {Kind::ListBox, {"dblclick {0}", "pick {0} {5}", "pick {0} {5} {6}"}},
@@ -57,51 +51,43 @@ std::string actOn(const Control& control) {
         {Kind::TickBox, {"tick {0}", "untick {0}", "click {0}"}},
         {Kind::OptionButton, {"dblclick {0}", "click {0}"}},
         {Kind::TabControl, {"tab {0} {8}"}},
-        {Kind::Label, {"dblclick {0}", "click {0}"}}};
+        {Kind::Label, {"dblclick {0}"}}};
+    static const Texts texts{"",    "tired", "fièvre à 39", "7",     "0.5",       "59",
+                             "-1e", " x ",   "60 %",        "a\\nb", "\\\"_*\\\""};
     const auto found = acts.find(control.kind);
     if (found == acts.end()) return "click " + fullName(control);
-    const std::size_t lines = control.items.size() + (onceIn(20) ? 1 : 0);
-    const int range = control.max.toInt() - control.min.toInt();
-    return fmt::format(fmt::runtime(anyOf(found->second)), fullName(control), anyText(), any(60), any(110),
-                       quoted(lines == 0 || control.items.empty() ? "none" : anyOf(control.items)),
-                       any(lines + 1) / 2, any(lines + 1),
-                       control.min.toInt() + static_cast<int>(any(static_cast<std::size_t>(range + 2))),
-                       any(3));
+    const std::size_t lines = control.items.size() + 1;
+    const auto values = static_cast<std::size_t>(control.max.toInt() - control.min.toInt() + 2);
+    return fmt::format(fmt::runtime(anyOf(found->second)), fullName(control), quoted(anyOf(texts)), any(110),
+                       any(60), itemOf(control), any(lines) / 2, any(lines),
+                       control.min.toInt() + static_cast<int>(any(values)), any(3));
+}
+
+void plan(const Texts& acts) {
+    for (const std::string& act : acts) ahead.push_back("try " + act);
 }
 
 /// A few acts that lead on, one after the other.
-void habit() {
-    static const std::vector<Texts> habits{
-        {"choose frmDiagnosis.cboHypothesis(0) {0}", "click frmDiagnosis.cmdDiagnose"},
-        {"click frmTavix.cmdDiagnosis", "choose frmDiagnosis.cboHypothesis(0) {0}",
-         "click frmDiagnosis.cmdAdd(0)"},
-        {"choose frmTavix.cboTreatment {1}", "click frmTavix.cmdPrescribe"},
+Texts habit() {
+    const std::string name = "choose frmDiagnosis.cboHypothesis(0) " + itemOf(frmDiagnosis.cboHypothesis[0]);
+    return anyOf(std::vector<Texts>{
+        {name, "click frmDiagnosis.cmdDiagnose"},
+        {"click frmTavix.cmdDiagnosis", name, "click frmDiagnosis.cmdAdd(0)"},
+        {"choose frmTavix.cboTreatment " + itemOf(frmTavix.cboTreatment), "click frmTavix.cmdPrescribe"},
         {"mark frmTavix.txtIntro 10 40", "click frmTavix.cmdEvidence"},
-        {"type frmTavix.txtReasoning cough", "key frmTavix.txtReasoning 13"}};
-    const auto itemOf = [](const Control& list) {
-        return quoted(list.items.empty() ? "none" : anyOf(list.items));
-    };
-    const std::string disease = itemOf(frmDiagnosis.cboHypothesis[0]);
-    const std::string treatment = itemOf(frmTavix.cboTreatment);
-    for (const std::string& act : anyOf(habits))
-        ahead.push_back("try " + fmt::format(fmt::runtime(act), disease, treatment));
+        {"type frmTavix.txtReasoning cough", "key frmTavix.txtReasoning 13"}});
 }
 
-std::string timePasses() {
-    if (onceIn(4)) return "draw " + anyOf(Texts{"0x250", "0.99x250", "0.5x400", "clear", "0.3x60 0.7x60"});
-    return "wait " + std::to_string(onceIn(5) ? any(40000) : any(1500));
-}
-
-/// The answer No to these would end the program.
-std::string answer() {
-    const MessageBox& box = openBoxes::newest()->box;
-    const bool last = box.title == "All Patients Diagnosed" || box.title == "Problems opening table";
-    return "answer " + (last ? "Yes" : anyOf(openBoxes::buttonsOf(box)));
-}
-
+/// Time passes, boxes are answered, and the rest is anything. The answer No to two boxes would end the
+/// program.
 std::string nextAct() {
-    if (windows::boxInFront() && !onceIn(4)) return answer();
-    if (onceIn(4)) return timePasses();
+    if (windows::boxInFront() && !onceIn(4)) {
+        const MessageBox& box = openBoxes::newest()->box;
+        const bool last = box.title == "All Patients Diagnosed" || box.title == "Problems opening table";
+        return "answer " + (last ? "Yes" : anyOf(openBoxes::buttonsOf(box)));
+    }
+    if (onceIn(16)) return "draw " + anyOf(Texts{"0x250", "0.99x250", "0.5x400", "clear", "0.3x60 0.7x60"});
+    if (onceIn(5)) return "wait " + std::to_string(onceIn(5) ? any(40000) : any(1500));
     std::vector<const Control*> able;
     std::vector<const Control*> others;
     for (const Control* control : allControls()) {
@@ -115,15 +101,13 @@ std::string nextAct() {
 
 void note(const Control& control, Property property) {
     static const std::map<Property, std::string> names{
-        {Property::Box, "height"},        {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
-        {Property::Caption, "caption"},   {Property::Text, "text"},       {Property::Selection, "selStart"},
-        {Property::Items, "items"},       {Property::Value, "value"},     {Property::Range, "max"},
-        {Property::Interval, "interval"}, {Property::Columns, "columns"}, {Property::Focus, "focus"},
-        {Property::Design, "visible"}};
-    std::string name = names.at(property);
-    if (name == "selStart" && control.kind == Kind::ComboBox) return;
-    if (name == "selStart" && control.kind == Kind::ListBox) name = "selected";
-    changed.insert(fullName(control) + "." + name);
+        {Property::Box, "height"},      {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
+        {Property::Caption, "caption"}, {Property::Text, "text"},       {Property::Selection, "selStart"},
+        {Property::Items, "items"},     {Property::Value, "value"},     {Property::Range, "max"},
+        {Property::Design, "visible"},  {Property::Focus, "focus"},     {Property::Interval, "interval"},
+        {Property::Columns, "columns"}};
+    const bool list = control.kind == Kind::ListBox && property == Property::Selection;
+    changed.insert(fullName(control) + "." + (list ? "selected" : names.at(property)));
 }
 
 /// Asks for some of what has changed, and for a field of the run.
@@ -133,21 +117,24 @@ void look() {
         "monitorIndex", "guessRow",    "penalty",    "scoreChangeText",  "patientSaved",
         "harmed",       "savedBeliefs"};
     for (std::size_t i = 0; i < std::min<std::size_t>(changed.size(), 6); ++i)
-        ahead.push_back("get " + anyOf(changed));
+        ahead.push_back("try get " + anyOf(changed));
     changed.clear();
     if (onceIn(3)) ahead.push_back("state " + anyOf(fields));
 }
 
-/// The scenarios take turns with the seeds.
+/// Looks at the whole design, and signs in. The scenarios take turns with the seeds.
 void openSession(std::uint64_t seed) {
     watchControls(note);
+    for (const Control* control : allControls()) {
+        for (const char* property :
+             {"caption", "text", "left", "top", "width", "height", "visible", "enabled", "max"})
+            ahead.push_back(fmt::format("try get {}.{}", fullName(*control), property));
+    }
     const Texts& scenarios = frmLogin.cboType.items;
-    ahead = {"type frmLogin.txtName " + anyOf(Texts{"ada", "bob"}),
-             "choose frmLogin.cboType " + quoted(scenarios[seed % scenarios.size()]),
-             "click frmLogin.cmdOk",
-             "try type frmNewSubject.txtAge 30",
-             "try choose frmNewSubject.boxMajor Art",
-             "try click frmNewSubject.btnBegin"};
+    plan({"type frmLogin.txtName " + anyOf(Texts{"ada", "bob"}),
+          "choose frmLogin.cboType " + quoted(scenarios[seed % scenarios.size()]), "click frmLogin.cmdOk",
+          "type frmNewSubject.txtAge 30", "choose frmNewSubject.boxMajor Art",
+          "click frmNewSubject.btnBegin"});
 }
 
 }  // namespace
@@ -167,17 +154,18 @@ int main(int argc, char** argv) {
     numbers.seed(static_cast<unsigned>(seed));
     std::ofstream script(scriptFile);
     bool begun = false;
-    const auto nextLine = [&]() -> std::optional<std::string> {
-        if (!begun) openSession(seed);
-        begun = true;
-        if (ahead.empty()) look();
-        if (ahead.empty() && onceIn(10)) habit();
-        if (ahead.empty()) ahead.push_back("try " + nextAct());
-        const std::string line = ahead.front();
-        ahead.pop_front();
-        if (line.starts_with("try") && --actions < 0) return std::nullopt;
-        script << line << '\n';
-        return line;
-    };
-    return player::playSession(nextLine, start, seed);
+    return player::playSession(
+        [&]() -> std::optional<std::string> {
+            if (!begun) openSession(seed);
+            begun = true;
+            if (ahead.empty()) look();
+            if (ahead.empty() && onceIn(10)) plan(habit());
+            if (ahead.empty() && --actions < 0) return std::nullopt;
+            if (ahead.empty()) plan({nextAct()});
+            const std::string line = ahead.front();
+            ahead.pop_front();
+            script << line << '\n';
+            return line;
+        },
+        start, seed);
 }
