@@ -3,14 +3,19 @@
 // to it.
 #pragma once
 
+#include <exception>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/control.h"
 
 /// The person cannot do that; nothing has happened.
-struct Refused {
+struct Refused : std::exception {
     std::string reason;
+
+    explicit Refused(std::string why) : reason(std::move(why)) {}
+    [[nodiscard]] const char* what() const noexcept override { return reason.c_str(); }
 };
 
 namespace person {

@@ -6,13 +6,13 @@
 #include <functional>
 #include <iostream>
 #include <map>
-#include <nlohmann/json.hpp>
 
 #include "forms/person.h"
 #include "forms/registry.h"
 #include "forms/windows.h"
 #include "headless/commandLine.h"
 #include "headless/properties.h"
+#include "headless/scriptValue.h"
 #include "headless/sqlText.h"
 #include "headless/stateFields.h"
 #include "platform/numberText.h"
@@ -48,28 +48,35 @@ int wholeNumber(const std::string& text) {
     return number;
 }
 
+int characterCode(const std::string& text) {
+    const int code = wholeNumber(text);
+    const bool surrogate = code >= 0xD800 && code < 0xE000;
+    if (code < 1 || code > 0x10FFFF || surrogate) throw Refused{"\"" + text + "\" is no character code"};
+    return code;
+}
+
 int milliseconds(const std::string& text) {
     const int duration = wholeNumber(text);
     if (duration < 0) throw Refused{"time does not run backward"};
     return duration;
 }
 
-std::string propertyOf(const std::string& target) {
+ScriptValue propertyOf(const std::string& target) {
     const std::size_t point = target.rfind('.');
-    const std::string name = point == std::string::npos ? target : target.substr(0, point);
-    const Control& control = controlNamed(name);
-    const std::optional<std::string> value = properties::read(control, target.substr(name.size() + 1));
+    const Control& control = controlNamed(target.substr(0, point));
+    if (point == std::string::npos) throw Refused{target + " is a form: which property of it?"};
+    const std::optional<ScriptValue> value = properties::read(control, target.substr(point + 1));
     if (!value) throw Refused{"there is no property " + target};
     return *value;
 }
 
-std::string fieldOf(const std::string& path) {
-    const std::optional<std::string> value = stateFields::read(path);
+ScriptValue fieldOf(const std::string& path) {
+    const std::optional<ScriptValue> value = stateFields::read(path);
     if (!value) throw Refused{"there is no field " + path};
     return *value;
 }
 
-std::string boxPart(const std::string& target) {
+ScriptValue boxPart(const std::string& target) {
     const openBoxes::OpenBox* open = openBoxes::newest();
     if (open == nullptr) throw Refused{"no message box is on show"};
     return target == "box.text" ? open->box.text : open->box.title;
@@ -83,11 +90,10 @@ void printBox() {
         print("none");
         return;
     }
-    const nlohmann::ordered_json line{{"title", open->box.title},
-                                      {"text", open->box.text},
-                                      {"buttons", openBoxes::buttonsOf(open->box)},
-                                      {"icon", open->box.icon == Icon::Question ? "question" : "none"}};
-    print(line.dump());
+    print(scriptValue::textOf({{"title", open->box.title},
+                               {"text", open->box.text},
+                               {"buttons", openBoxes::buttonsOf(open->box)},
+                               {"icon", open->box.icon == Icon::Question ? "question" : "none"}}));
 }
 
 void pressAnswer(const std::string& button) {
@@ -101,17 +107,18 @@ void pressAnswer(const std::string& button) {
     acting.answer(*openBoxes::answerNamed(button));
 }
 
-/// A truth value may be written as a number too.
-bool sameValue(const std::string& actual, const std::string& wanted) {
-    if (actual == wanted || properties::onOneLine(actual) == wanted) return true;
+/// A text may be written as it is or as `get` prints it, a truth value as a number too.
+bool sameValue(const ScriptValue& value, const std::string& wanted) {
+    const std::string actual = scriptValue::textOf(value);
+    if (actual == wanted || scriptValue::printed(value) == wanted) return true;
     return (actual == "true" && wanted == "1") || (actual == "false" && wanted == "0");
 }
 
-void expectValue(const std::string& actual, const CommandLine& line, std::size_t count) {
+void expectValue(const ScriptValue& actual, const CommandLine& line, std::size_t count) {
     if (line.arguments.size() < count) throw Refused{"expect needs a text to compare with"};
     if (sameValue(actual, line.lastOf(count)) || sameValue(actual, line.arguments[count - 1])) return;
-    throw Refused{fmt::format("expected \"{}\", found \"{}\"", properties::onOneLine(line.lastOf(count)),
-                              properties::onOneLine(actual))};
+    throw Refused{fmt::format("expected \"{}\", found \"{}\"", scriptValue::printed(line.lastOf(count)),
+                              scriptValue::printed(actual))};
 }
 
 void expectTarget(const CommandLine& line) {
@@ -130,11 +137,11 @@ void runUntil(const CommandLine& line) {
     if (line.arguments.size() < 5 || line.arguments[1] != "until" || line.arguments[3] != "=") {
         throw Refused{"run MS until CONTROL.PROPERTY = TEXT"};
     }
+    const int duration = milliseconds(line.arguments[0]);
     const std::string& target = line.arguments[2];
     const std::string wanted = line.lastOf(5);
     Awaited awaited{[&] { return sameValue(propertyOf(target), wanted); }};
     if (awaited.holds()) return;
-    const int duration = milliseconds(line.arguments[0]);
     {
         underWay.push_back(&awaited);
         const OnLeave done([] { underWay.pop_back(); });
@@ -142,12 +149,13 @@ void runUntil(const CommandLine& line) {
     }
     if (awaited.seen || awaited.holds()) return;
     throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target,
-                              properties::onOneLine(propertyOf(target)), properties::onOneLine(wanted),
+                              scriptValue::printed(propertyOf(target)), scriptValue::printed(wanted),
                               line.arguments[0])};
 }
 
 /// "0.5" or "0.5x4000".
 void queueDraw(const std::string& word) {
+    constexpr int mostTimes = 1'000'000;
     const std::size_t times = word.find('x');
     const std::string number = word.substr(0, times);
     const int count = times == std::string::npos ? 1 : wholeNumber(word.substr(times + 1));
@@ -156,6 +164,7 @@ void queueDraw(const std::string& word) {
     if (!numberText::isNumeric(number) || !inRange || count < 0) {
         throw Refused{"\"" + word + "\" is no draw: 0 up to but not including 1"};
     }
+    if (count > mostTimes) throw Refused{fmt::format("at most {} draws at once", mostTimes)};
     randomSource::queueDraws(std::vector<double>(static_cast<std::size_t>(count), value));
 }
 
@@ -184,7 +193,7 @@ void tryCommand(const CommandLine& line) {
     try {
         execute(line.lastOf(1));
     } catch (const Refused& refused) {
-        print("refused: " + properties::onOneLine(refused.reason));
+        print("refused: " + scriptValue::printed(refused.reason));
     }
 }
 
@@ -210,7 +219,7 @@ const std::map<std::string, Command>& table() {
           [](Line l) { acting.paste(control(l), l.lastOf(2)); }}},
         {"key",
          {2, "CONTROL CODE", "presses the key with this character code",
-          [](Line l) { acting.key(control(l), number(l, 1)); }}},
+          [](Line l) { acting.key(control(l), characterCode(l.arguments[1])); }}},
         {"choose",
          {2, "CONTROL TEXT", "takes this item of a list or a combo box",
           [](Line l) { acting.choose(control(l), l.lastOf(2)); }}},
@@ -240,10 +249,10 @@ const std::map<std::string, Command>& table() {
         {"draw", {1, "R...", "queues random draws: 0.5, or 0.5x40 for forty; clear empties the queue", draw}},
         {"get",
          {1, "CONTROL.PROPERTY", "prints it: caption, text, value, enabled, visible, items...",
-          [](Line l) { print(properties::onOneLine(propertyOf(l.arguments[0]))); }}},
+          [](Line l) { print(scriptValue::printed(propertyOf(l.arguments[0]))); }}},
         {"state",
          {1, "FIELD", "prints a field of the run state: patients(0).status",
-          [](Line l) { print(properties::onOneLine(fieldOf(l.arguments[0]))); }}},
+          [](Line l) { print(scriptValue::printed(fieldOf(l.arguments[0]))); }}},
         {"box", {0, "", "prints the newest message box, or none", [](Line) { printBox(); }}},
         {"sql",
          {1, "STATEMENT", "prints the rows of a reading statement",

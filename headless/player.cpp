@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <exception>
 #include <iostream>
 
 #include "forms/person.h"
@@ -28,8 +29,9 @@ void fail(int line, const std::string& reason) {
 }
 
 /// Unwinds out of every wait when the program ends.
-struct ProgramEnd {
+struct ProgramEnd : std::exception {
     int status;
+    explicit ProgramEnd(int its) : status(its) {}
 };
 
 }  // namespace
@@ -83,9 +85,9 @@ int playSession(Lines script, const scriptedHost::Start& start, std::uint64_t se
         while (true) step();
     } catch (const ProgramEnd& end) {
         return end.status;
-    } catch (const Fault& fault) {
+    } catch (const std::exception& error) {
         std::cout.flush();
-        std::cerr << faultReport(fault) << '\n';
+        std::cerr << error.what() << '\n';
         return faultExitStatus;
     }
 }

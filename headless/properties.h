@@ -1,18 +1,15 @@
-// What a script can ask of a control: its properties as texts.
+// What a script can ask of a control: its properties.
 #pragma once
 
 #include <optional>
 #include <string>
 
 #include "forms/control.h"
+#include "headless/scriptValue.h"
 
 namespace properties {
 
-/// The property as text: truth values as true and false, lists as JSON, places in twips. Nothing for a
-/// property that the kind of control does not have.
-std::optional<std::string> read(const Control& control, const std::string& property);
-
-/// On one line: a line break as \n, a carriage return as \r, a backslash doubled.
-std::string onOneLine(const std::string& text);
+/// The property; places in twips. Nothing for a property that the kind of control does not have.
+std::optional<ScriptValue> read(const Control& control, const std::string& property);
 
 }  // namespace properties

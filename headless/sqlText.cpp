@@ -2,6 +2,7 @@
 
 #include "forms/person.h"
 #include "platform/numberText.h"
+#include "platform/text.h"
 #include "store/layer/database.h"
 #include "store/layer/engine.h"
 
@@ -33,6 +34,7 @@ std::string line(const Items& items, ToText toText) {
 }  // namespace
 
 std::string rows(const std::string& statement) {
+    if (text::trim(statement).empty()) throw Refused{"sql needs a statement"};
     try {
         const engine::Database database = engine::open(store::path(), store::password, engine::Access::Read);
         const engine::Rows result = engine::query(*database, statement);

@@ -1,16 +1,13 @@
 #include "headless/stateFields.h"
 
-#include <nlohmann/json.hpp>
-
 #include "forms/frmDiagnosis.h"
 #include "forms/frmLogin.h"
 #include "forms/frmNewSubject.h"
 #include "forms/frmTavix.h"
-#include "platform/numberText.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
 
-using Json = nlohmann::ordered_json;
+using Json = ScriptValue;
 
 // One name, found by the library, for each record that a script may look into.
 template <class T>
@@ -126,29 +123,26 @@ Json formFields() {
 std::string pointerOf(const std::string& path) {
     std::string pointer = "/";
     for (const char c : path) {
-        if (c == '(' || c == '.') {
-            pointer += '/';
-        } else if (c != ')') {
-            pointer += c;
+        switch (c) {
+            case '(':
+            case '.': pointer += '/'; break;
+            case ')': break;
+            case '~': pointer += "~0"; break;
+            case '/': pointer += "~1"; break;
+            default: pointer += c;
         }
     }
     return pointer;
 }
 
-std::string textOf(const Json& value) {
-    if (value.is_string()) return value.get<std::string>();
-    if (value.is_number_float()) return numberText::general(value.get<double>());
-    return value.dump();
-}
-
 }  // namespace
 
-std::optional<std::string> read(const std::string& path) {
+std::optional<ScriptValue> read(const std::string& path) {
     const Json::json_pointer pointer(pointerOf(path));
     for (const auto& group : {flowFields, dialogFields, evaluationFields, formFields, caseFields}) {
         const Json fields = group();
         try {
-            return textOf(fields.at(pointer));
+            return fields.at(pointer);
         } catch (const Json::exception&) {
             continue;  // not in this group
         }

@@ -4,9 +4,11 @@
 #include <optional>
 #include <string>
 
+#include "headless/scriptValue.h"
+
 namespace stateFields {
 
-/// The field as text, lists and records as JSON; nothing for a name that does not exist.
-std::optional<std::string> read(const std::string& path);
+/// The field; nothing for a name that does not exist.
+std::optional<ScriptValue> read(const std::string& path);
 
 }  // namespace stateFields

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 namespace {
 
 std::string_view standardText(FaultNumber number) {
@@ -23,12 +25,13 @@ std::string_view standardText(FaultNumber number) {
 
 }  // namespace
 
+Fault::Fault(int itsNumber, std::string itsText)
+    : number(itsNumber),
+      text(std::move(itsText)),
+      report(fmt::format("Run-time error '{}':\n{}", number, text)) {}
+
 void raiseFault(FaultNumber number, std::string_view detail) {
     const std::string_view text = standardText(number);
     throw Fault{static_cast<int>(number),
                 detail.empty() ? std::string(text) : fmt::format("{}: {}", text, detail)};
-}
-
-std::string faultReport(const Fault& fault) {
-    return fmt::format("Run-time error '{}':\n{}", fault.number, fault.text);
 }

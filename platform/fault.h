@@ -3,6 +3,7 @@
 // the program there with exit status 3; nothing in between catches it.
 #pragma once
 
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -21,15 +22,16 @@ enum class FaultNumber {
 };
 
 /// What is thrown. `number` is a FaultNumber, or the engine's own error number for a failed write.
-struct Fault {
+struct Fault : std::exception {
     int number;
     std::string text;
+    std::string report;  ///< "Run-time error 'N':", a line break and the text: what the person is shown
+
+    Fault(int itsNumber, std::string itsText);
+    [[nodiscard]] const char* what() const noexcept override { return report.c_str(); }
 };
 
 constexpr int faultExitStatus = 3;
 
 /// Throws the fault with its standard text; `detail` (a file, a column, a value) follows it after a colon.
 [[noreturn]] void raiseFault(FaultNumber number, std::string_view detail = {});
-
-/// "Run-time error 'N':", a line break and the text: what the box or the standard error shows.
-std::string faultReport(const Fault& fault);

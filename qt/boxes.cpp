@@ -7,6 +7,7 @@
 
 #include "forms/frmTavix.h"
 #include "forms/windows.h"
+#include "qt/edge.h"
 #include "qt/faces.h"
 #include "qt/formWindow.h"
 
@@ -43,11 +44,13 @@ Answer answerOf(const QMessageBox& widget, Buttons buttons) {
 QMessageBox* open(const MessageBox& box, const std::function<void(Answer)>& answered) {
     QMessageBox* widget = make(box);
     onShow.push_back(widget);
-    QObject::connect(widget, &QMessageBox::finished, widget, [widget, answered, buttons = box.buttons](int) {
+    const auto close = [widget, answered, buttons = box.buttons] {
         std::erase(onShow, widget);
         widget->deleteLater();
         answered(answerOf(*widget, buttons));
-    });
+    };
+    // Beside the edge's own connections: the box of an error is answered after the error.
+    QObject::connect(widget, &QMessageBox::finished, widget, [close] { edge::guard(close); });
     widget->show();
     widget->activateWindow();
     return widget;
@@ -64,10 +67,10 @@ Answer show(const MessageBox& box) {
     return *given;
 }
 
-void showFault(const Fault& fault) {
+void showError(const std::string& report) {
     bool read = false;
     windows::openBox();
-    open({faultReport(fault), "Tavix", Buttons::Ok, Icon::None}, [&read](Answer) {
+    open({report, "Tavix", Buttons::Ok, Icon::None}, [&read](Answer) {
         read = true;
     })->setIcon(QMessageBox::Critical);
     host().waitWhile([&read] { return !read; });

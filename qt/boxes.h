@@ -4,8 +4,8 @@
 
 #include <QMessageBox>
 #include <functional>
+#include <string>
 
-#include "platform/fault.h"
 #include "platform/host.h"
 
 namespace boxes {
@@ -20,7 +20,7 @@ QMessageBox* newest();
 /// Shows a box and waits for its answer.
 Answer show(const MessageBox& box);
 
-/// Reports a run-time fault and waits until it has been read.
-void showFault(const Fault& fault);
+/// Shows what ended the program and waits until it has been read.
+void showError(const std::string& report);
 
 }  // namespace boxes

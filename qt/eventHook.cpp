@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <utility>
 
+#include "qt/edge.h"
+
 namespace {
 
 /// The toolkit wants an object here; it only passes the event on.
@@ -11,7 +13,11 @@ public:
     using Sight = std::function<bool(QObject*, QEvent*)>;
     EventHook(QObject* watched, Sight watcher) : QObject(watched), sight(std::move(watcher)) {}
 
-    bool eventFilter(QObject* watched, QEvent* event) override { return sight(watched, event); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        bool dealtWith = false;
+        edge::guard([&] { dealtWith = sight(watched, event); });
+        return dealtWith;
+    }
 
 private:
     Sight sight;

@@ -42,8 +42,8 @@ Face checkable(Control& control, QWidget* parent, const std::function<void()>& p
     auto* box = new Box(parent);
     box->setAutoExclusive(false);
     const auto showValue = [box, &control] { box->setChecked(control.value != 0); };
-    QObject::connect(box, &QAbstractButton::clicked, box, [press, showValue] {
-        edge::run(press);
+    edge::connect(box, &QAbstractButton::clicked, [press, showValue] {
+        press();
         showValue();
     });
     const auto restyle = [box, &control] {
@@ -70,7 +70,9 @@ Face button(Control& control, QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
     if (control.look.primary) button->setProperty("role", "primary");
-    QObject::connect(button, &QPushButton::clicked, button, [&control] { edge::run(control.on.click); });
+    edge::connect(button, &QPushButton::clicked, [&control] {
+        if (control.on.click) control.on.click();
+    });
     hookEvents(button, [button, &control](QEvent* event) {
         if (event->type() != QEvent::KeyPress) return false;
         return seeKey(*button, control, *static_cast<QKeyEvent*>(event));

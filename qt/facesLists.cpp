@@ -94,11 +94,10 @@ Face listBox(Control& control, QWidget* parent) {
     list->setWordWrap(!control.look.fixedWidth);
     list->setHorizontalScrollBarPolicy(control.look.fixedWidth ? Qt::ScrollBarAsNeeded
                                                                : Qt::ScrollBarAlwaysOff);
-    QObject::connect(list, &QListWidget::itemSelectionChanged, list,
-                     [list, &control] { takeSelection(*list, control); });
+    edge::connect(list, &QListWidget::itemSelectionChanged,
+                  [list, &control] { takeSelection(*list, control); });
     // A press on the line that is selected already counts as well.
-    QObject::connect(list, &QListWidget::itemClicked, list,
-                     [list, &control] { takeSelection(*list, control); });
+    edge::connect(list, &QListWidget::itemClicked, [list, &control] { takeSelection(*list, control); });
     // Wherever in the list: without a selected line the handler goes by what stands elsewhere.
     hookEvents(list->viewport(), [&control](QEvent* event) {
         if (event->type() == QEvent::MouseButtonDblClick) edge::run(control.on.doubleClick);
@@ -122,7 +121,7 @@ Face meter(Control& control, QWidget* parent) {
     slider->setSingleStep(control.smallChange);
     slider->setPageStep(control.largeChange);
     slider->setFocusPolicy(Qt::StrongFocus);
-    QObject::connect(slider, &QSlider::valueChanged, slider, [&control](int value) {
+    edge::connect(slider, &QSlider::valueChanged, [&control](int value) {
         if (!isShowing()) edge::run([&] { setValue(control, value); });
     });
     hookEvents(slider, [slider](QEvent* event) {
@@ -166,7 +165,7 @@ Face tabs(Control& control, QWidget* parent) {
         page->lower();
         pages.pages.push_back(page);
     }
-    QObject::connect(pages.bar, &QTabBar::currentChanged, whole, [&control](int page) {
+    edge::connect(pages.bar, &QTabBar::currentChanged, [&control](int page) {
         if (!isShowing()) edge::run([&] { setValue(control, page); });
     });
     const auto turn = [pages, &control] { turnTo(pages, control.value.toInt()); };

@@ -141,12 +141,12 @@ void showItems(QComboBox& box, const Control& control) {
 
 Face lineEdit(Control& control, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
-    QObject::connect(edit, &QLineEdit::textChanged, edit, [edit, &control](const QString& typed) {
+    edge::connect(edit, &QLineEdit::textChanged, [edit, &control](const QString& typed) {
         takeText(control, typed, edit->cursorPosition());
     });
     const auto takeSelection = [edit, &control] { takeLineSelection(control, *edit); };
-    QObject::connect(edit, &QLineEdit::selectionChanged, edit, takeSelection);
-    QObject::connect(edit, &QLineEdit::cursorPositionChanged, edit, takeSelection);
+    edge::connect(edit, &QLineEdit::selectionChanged, takeSelection);
+    edge::connect(edit, &QLineEdit::cursorPositionChanged, takeSelection);
     hookKeys(edit, control);
     return {edit,
             [edit, &control](Property property) {
@@ -167,12 +167,12 @@ Face textArea(Control& control, QWidget* parent) {
     if (control.readOnly)
         area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (control.look.fixedWidth) area->setLineWrapMode(QPlainTextEdit::NoWrap);
-    QObject::connect(area, &QPlainTextEdit::textChanged, area, [area, &control] {
+    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] {
         takeText(control, area->toPlainText(), area->textCursor().position());
     });
     const auto takeSelection = [area, &control] { takeAreaSelection(control, *area); };
-    QObject::connect(area, &QPlainTextEdit::selectionChanged, area, takeSelection);
-    QObject::connect(area, &QPlainTextEdit::cursorPositionChanged, area, takeSelection);
+    edge::connect(area, &QPlainTextEdit::selectionChanged, takeSelection);
+    edge::connect(area, &QPlainTextEdit::cursorPositionChanged, takeSelection);
     hookKeys(area, control);
     const auto setFont = [area, &control] { area->setFont(areaFont(control, area->width())); };
     return {area,
@@ -194,10 +194,10 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setCompleter(nullptr);  // a completion would be a change that nobody typed
     box->setMaxVisibleItems(12);
     QWidget* arrow = makeArrow(box);
-    QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box, [box, &control](const QString& typed) {
+    edge::connect(box->lineEdit(), &QLineEdit::textEdited, [box, &control](const QString& typed) {
         takeText(control, typed, box->lineEdit()->cursorPosition());
     });
-    QObject::connect(box, &QComboBox::activated, box, [&control](int index) {
+    edge::connect(box, &QComboBox::activated, [&control](int index) {
         if (!isShowing()) edge::run([&] { setListIndex(control, index); });
     });
     hookKeys(box->lineEdit(), control);

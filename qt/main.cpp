@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     look::apply(desktopTheme::isDark());
     QApplication::setWindowIcon(emblem::icon());
-    edge::onFault(boxes::showFault);
+    edge::onError(boxes::showError);
     wiring::wireForms();
     host() = desktopHost();
     std::random_device chance;

@@ -127,7 +127,7 @@ void build() {
     }
     watchControls(onChange);
     modality::enforce();
-    QObject::connect(qApp, &QApplication::focusChanged, qApp, takeFocus);
+    edge::connect(qApp, &QApplication::focusChanged, takeFocus);
 }
 
 QWidget* widgetOf(const Control& control) {

@@ -7,6 +7,7 @@
 #include "forms/registry.h"
 #include "forms/windows.h"
 #include "qt/boxes.h"
+#include "qt/edge.h"
 #include "qt/eventHook.h"
 #include "qt/formWindow.h"
 
@@ -66,7 +67,8 @@ void enforce() {
         if (!object->isWidgetType() || (!activated && !isInput(event->type()))) return false;
         QWidget* modal = windowInFrontOf(*static_cast<QWidget*>(object));
         if (modal == nullptr) return false;
-        if (activated) QTimer::singleShot(0, modal, [modal] { modal->activateWindow(); });
+        if (activated)
+            QTimer::singleShot(0, modal, [modal] { edge::guard([modal] { modal->activateWindow(); }); });
         return !activated;
     });
 }

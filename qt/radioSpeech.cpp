@@ -4,6 +4,8 @@
 #include <QAccessibleWidget>
 #include <QRadioButton>
 
+#include "qt/edge.h"
+
 namespace radioSpeech {
 
 namespace {
@@ -29,8 +31,10 @@ public:
     }
 
     void doAction(const QString& action) override {
-        if (action == pressAction()) return button().click();
-        QAccessibleWidget::doAction(action);
+        edge::guard([&] {
+            if (action == pressAction()) return button().click();
+            QAccessibleWidget::doAction(action);
+        });
     }
 
 private:

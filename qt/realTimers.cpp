@@ -33,7 +33,9 @@ void build() {
         if (control->kind != Kind::Timer) continue;
         auto* timer = new QTimer;
         timer->setTimerType(Qt::PreciseTimer);
-        QObject::connect(timer, &QTimer::timeout, timer, [control] { edge::run(control->on.timer); });
+        edge::connect(timer, &QTimer::timeout, [control] {
+            if (control->on.timer) control->on.timer();
+        });
         timerOf[control] = timer;
     }
     watchControls(onChange);

@@ -117,7 +117,7 @@ TEST(Files, APictureIsKnownByItsFirstBytes) {
         files::checkPicture(testing::TempDir());
         ADD_FAILURE() << "a folder is no picture";
     } catch (const Fault& fault) {
-        EXPECT_EQ(faultReport(fault), "Run-time error '53':\nFile not found: " + testing::TempDir());
+        EXPECT_EQ(fault.report, "Run-time error '53':\nFile not found: " + testing::TempDir());
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -13,8 +14,9 @@
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
 
-struct ProgramEnded {
+struct ProgramEnded : std::exception {
     int status;
+    explicit ProgramEnded(int its) : status(its) {}
 };
 
 /// The run is put back to its start for each.

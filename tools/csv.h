@@ -1,7 +1,9 @@
 // Comma-separated tables as the experimenter writes them.
 #pragma once
 
+#include <exception>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace csv {
@@ -11,9 +13,12 @@ struct Line {
     std::vector<std::string> fields;
 };
 
-struct Problem {
+struct Problem : std::exception {
     int line;
     std::string text;
+
+    Problem(int itsLine, std::string itsText) : line(itsLine), text(std::move(itsText)) {}
+    [[nodiscard]] const char* what() const noexcept override { return text.c_str(); }
 };
 
 /// The lines of a file: fields parted by commas, double quotes around a field that holds commas, quotes

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -16,9 +18,12 @@ namespace engine {
 using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
 
 /// A failure. Lock conflicts carry the numbers below, all others the engine's own number and text.
-struct Error {
+struct Error : std::exception {
     int number;
     std::string text;
+
+    Error(int itsNumber, std::string itsText) : number(itsNumber), text(std::move(itsText)) {}
+    [[nodiscard]] const char* what() const noexcept override { return text.c_str(); }
 };
 
 constexpr int handleNotSet = 91;

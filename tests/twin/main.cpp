@@ -7,7 +7,6 @@
 #include <iostream>
 
 #include "headless/player.h"
-#include "platform/fault.h"
 #include "platform/files.h"
 #include "platform/randomSource.h"
 #include "qt/boxes.h"
@@ -78,9 +77,9 @@ int main(int argc, char** argv) {
         if (!splashPicture.empty()) screenPicture::write(splashPicture);
         splashPicture.clear();
     };
-    edge::onFault([](const Fault& fault) {
+    edge::onError([](const std::string& report) {
         std::cout.flush();
-        std::cerr << faultReport(fault) << std::endl;
+        std::cerr << report << std::endl;
     });
     mirror::build();
     edge::run(play);
