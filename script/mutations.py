@@ -113,7 +113,7 @@ m('N17', 'screens/mainScreen.cpp', '    modHealth::plotHealthHour();\n', '', 'ea
 m('N19', 'knowledge/modTreatments.cpp', '        tell("Please choose one of the given treatments");\n        windows::setFocus', '        tell("Please choose one of the given treatments");\n        if (frmTavix.cboTreatment.text.empty()) endProgram();\n        windows::setFocus', 'a refused prescription does not end the program (status 0)')
 # ---- qt
 m('Q02', 'qt/boxes.cpp', '    widget->setTextFormat(Qt::PlainText);\n', '', "a box shows a note's < and & as they are")
-m('Q04', 'qt/edge.cpp', '    stopped = true;\n', '', 'after a fault nothing runs any more')
+m('Q04', 'qt/edge.cpp', '        stopped = true;\n        end(', '        end(', 'after a fault nothing runs any more')
 m('Q06', 'qt/facesButtons.cpp', 'if (!swallowed && enter) button.click();', 'if (!swallowed && enter && !button.isVisible()) button.click();', 'Enter presses a button')
 m('Q08', 'qt/facesLists.cpp', '    slider->setPageStep(control.largeChange);\n', '', 'Page Up and Down move a meter by its large step')
 m('Q10', 'qt/facesPlain.cpp', ' || code == Qt::Key_Space;', ';', 'the space bar measures a vital sign')
@@ -121,7 +121,7 @@ m('Q12', 'qt/facesText.cpp', "before.toUcs4().size() + before.count('\\n')", 'be
 m('Q14', 'qt/formWindow.cpp', '        std::min(geometry::scaleOf(frmTavix.form), scaleThatFits(form, screen.size() * dialogShare));\n', '        geometry::scaleOf(frmTavix.form);\n    static_cast<void>(dialogShare);\n', 'a dialog fits the screen')
 m('Q16', 'qt/mirror.cpp', '        case Property::Enabled: face.widget->setEnabled(control.enabled); break;\n', '        case Property::Enabled: break;\n', 'what is disabled cannot be pressed')
 m('Q18', 'qt/mirror.cpp', '    if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));\n', '', 'a screen reader hears the new value')
-m('Q20', 'qt/mirror.cpp', '    QObject::connect(qApp, &QApplication::focusChanged, qApp, takeFocus);\n', '    static_cast<void>(takeFocus);\n', "the person's focus is the record's")
+m('Q20', 'qt/mirror.cpp', '    edge::connect(qApp, &QApplication::focusChanged, takeFocus);\n', '    static_cast<void>(takeFocus);\n', "the person's focus is the record's")
 m('Q22', 'qt/radioSpeech.cpp', '        state.checked = button().isChecked();\n', '', 'a screen reader hears which test is chosen')
 m('Q24', 'qt/desktopTheme.cpp', 'return *scheme == preferDark;', 'return *scheme != preferDark;', "the desktop's dark setting is followed")
 m('Q26', 'qt/main.cpp', '    realTimers::build();\n', '', 'the clock of the desktop program runs')
