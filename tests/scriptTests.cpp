@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <nlohmann/json.hpp>
 
 #include "forms/frmTavix.h"
@@ -16,9 +14,12 @@ std::string printedBy(const std::string& line) {
     return testing::internal::GetCapturedStdout();
 }
 
-TEST(Script, ABadLineIsRefusedWithAReason) {
-    const Stage stage;
-    commands::setPerson(player::onRecords());
+class Script : public Logic {
+protected:
+    Script() { commands::setPerson(player::onRecords()); }
+};
+
+TEST_F(Script, ABadLineIsRefusedWithAReason) {
     for (const char* line : {"get frmTavix",
                              "get nothing.text",
                              "get frmTavix.",
@@ -48,8 +49,7 @@ TEST(Script, ABadLineIsRefusedWithAReason) {
     }
 }
 
-TEST(Script, ListsAreJsonWhateverTheirTextsHold) {
-    const Stage stage;
+TEST_F(Script, ListsAreJsonWhateverTheirTextsHold) {
     const std::string note = "01) he said \"ow\" \\ a\r\nb";
     addItem(frmTavix.lstSymptoms, note);
     EXPECT_EQ(nlohmann::json::parse(printedBy("get frmTavix.lstSymptoms.items")).at(0), note);
