@@ -72,7 +72,9 @@ struct Control {
     std::string name;
     int element = -1;  ///< place in its control array, -1 outside of one
     Control* parent = nullptr;
-    int page = -1;  ///< page of the tab control that is its parent, -1 elsewhere
+    int page = -1;                  ///< page of the tab control that is its parent, -1 elsewhere
+    const Control* tag = nullptr;   ///< the label that says what this value is
+    const Control* head = nullptr;  ///< the head of the column in which it stands
     Look look;
     bool multiLine = false;    ///< text boxes
     bool multiSelect = false;  ///< lists

@@ -35,12 +35,12 @@ Control& form(Control& form, const std::string& name, const std::string& caption
     return form;
 }
 
-Control& place(Container in, Control& control, Kind kind, const std::string& name, const Box& box,
-               const std::string& text, int element) {
+Control& place(Container in, Named named, Kind kind, const Box& box, const std::string& text) {
+    Control& control = named.control;
     renew(control, kind);
     control.form = in.control->form;
-    control.name = name;
-    control.element = element;
+    control.name = named.name;
+    control.element = named.element;
     control.parent = in.control;
     control.page = in.page;
     control.box = box;
@@ -49,32 +49,28 @@ Control& place(Container in, Control& control, Kind kind, const std::string& nam
     return control;
 }
 
-Control& button(Container in, Control& control, const std::string& name, const Box& box,
-                const std::string& caption, int element) {
-    return place(in, control, Kind::Button, name, box, caption, element);
+Control& button(Container in, Named named, const Box& box, const std::string& caption) {
+    return place(in, named, Kind::Button, box, caption);
 }
 
-Control& label(Container in, Control& control, const std::string& name, const Box& box,
-               const std::string& caption, int element) {
-    return place(in, control, Kind::Label, name, box, caption, element);
+Control& label(Container in, Named named, const Box& box, const std::string& caption) {
+    return place(in, named, Kind::Label, box, caption);
 }
 
-Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min,
-                   Int16 max, Int16 value, int element) {
-    place(in, control, Kind::ScrollBar, name, box, {}, element);
+Control& scrollBar(Container in, Named named, const Box& box, Int16 min, Int16 max, Int16 value) {
+    Control& control = place(in, named, Kind::ScrollBar, box);
     control.min = min;
     control.max = max;
     control.value = value;
     return control;
 }
 
-Control& line(Container in, Control& control, const std::string& name, float x1, float y1, float x2, float y2,
-              int element) {
-    return place(in, control, Kind::Line, name, {x1, y1, x2 - x1, y2 - y1}, {}, element);
+Control& line(Container in, Named named, float x1, float y1, float x2, float y2) {
+    return place(in, named, Kind::Line, {x1, y1, x2 - x1, y2 - y1});
 }
 
-Control& timer(Container in, Control& control, const std::string& name, Int32 milliseconds) {
-    place(in, control, Kind::Timer, name, {});
+Control& timer(Container in, Named named, Int32 milliseconds) {
+    Control& control = place(in, named, Kind::Timer, {});
     control.interval = milliseconds;
     control.enabled = false;
     return control;

@@ -35,23 +35,31 @@ struct Container {
 /// Begins a form. Its box holds the size of the client area.
 Control& form(Control& form, const std::string& name, const std::string& caption, float width, float height);
 
-/// Places a control, with `text` as its caption, or as its text where the kind has no caption.
-Control& place(Container in, Control& control, Kind kind, const std::string& name, const Box& box,
-               const std::string& text = {}, int element = -1);
+/// A control with the name that its form gives it, and its place in a control array, -1 outside of one.
+struct Named {
+    Control& control;
+    const char* name;
+    int element = -1;
+};
 
-Control& button(Container in, Control& control, const std::string& name, const Box& box,
-                const std::string& caption, int element = -1);
-Control& label(Container in, Control& control, const std::string& name, const Box& box,
-               const std::string& caption = {}, int element = -1);
-Control& scrollBar(Container in, Control& control, const std::string& name, const Box& box, Int16 min,
-                   Int16 max, Int16 value, int element = -1);
+/// Places a control, with `text` as its caption, or as its text where the kind has no caption.
+Control& place(Container in, Named named, Kind kind, const Box& box, const std::string& text = {});
+
+Control& button(Container in, Named named, const Box& box, const std::string& caption);
+Control& label(Container in, Named named, const Box& box, const std::string& caption = {});
+Control& scrollBar(Container in, Named named, const Box& box, Int16 min, Int16 max, Int16 value);
 /// A line from one point to another.
-Control& line(Container in, Control& control, const std::string& name, float x1, float y1, float x2, float y2,
-              int element = -1);
+Control& line(Container in, Named named, float x1, float y1, float x2, float y2);
 /// A timer that is off.
-Control& timer(Container in, Control& control, const std::string& name, Int32 milliseconds);
+Control& timer(Container in, Named named, Int32 milliseconds);
 
 /// Says that the design is complete.
 void finish(Control& form);
 
 }  // namespace design
+
+/// A member of a form's record together with its name, so that each name is written once.
+#define NAMED(form, member) \
+    design::Named { (form).member, #member }
+#define NAMED_AT(form, member, index) \
+    design::Named { (form).member[index], #member, index }

@@ -16,7 +16,7 @@ namespace {
 constexpr int termWidth = 15;
 
 /// A percent printed behind "0.": 5 gives 0.05, and 100 gives 0.100.
-std::string chanceText(Int16 percent) { return "0." + numberText::padded(percent, 2); }
+std::string decimalText(Int16 percent) { return "0." + numberText::padded(percent, 2); }
 
 /// False where the engine says that there are rows and counts none. A scenario without any keeps the table
 /// that is there.
@@ -73,8 +73,8 @@ void loadDiseaseSymptom() {
 
 std::string baseRateText() {
     const List<Int16>& rates = currentBaseRates().percents;
-    std::string text = blanks(4) + chanceText(rates[0]);
-    for (Int32 i = 1; i < rates.size(); ++i) text += blanks(14) + chanceText(rates[i]);
+    std::string text = blanks(4) + decimalText(rates[0]);
+    for (Int32 i = 1; i < rates.size(); ++i) text += blanks(14) + decimalText(rates[i]);
     return text + blanks(5) + "Base Rates";
 }
 
@@ -88,8 +88,8 @@ std::string symptomDiseaseText() {
     std::string table;
     for (Int32 i = 0; i < trialState.diseaseSymptom.size(); ++i) {
         const ProbabilityRow& row = trialState.diseaseSymptom[i];
-        table += blanks(4) + chanceText(row.percents[0]);
-        for (Int16 d = 1; d < row.count; ++d) table += blanks(11) + blanks(3) + chanceText(row.percents[d]);
+        table += blanks(4) + decimalText(row.percents[0]);
+        for (Int16 d = 1; d < row.count; ++d) table += blanks(11) + blanks(3) + decimalText(row.percents[d]);
         table += blanks(5) + trialState.symptomTerms[i].term + "\r\n";
     }
     return table;
@@ -103,7 +103,7 @@ std::string symptomDiseaseSummary() {
     }
     text += "\r\n";
     for (const ProbabilityRow& row : trialState.diseaseSymptom) {
-        for (const Int16 percent : row.percents) text += chanceText(percent) + " ";
+        for (const Int16 percent : row.percents) text += decimalText(percent) + " ";
         text += "\r\n";
     }
     return text;

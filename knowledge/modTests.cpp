@@ -4,6 +4,7 @@
 #include "forms/frmDiagnosis.h"
 #include "forms/frmTavix.h"
 #include "forms/windows.h"
+#include "platform/dial.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
 #include "store/layer/openTable.h"
@@ -16,9 +17,6 @@ using numberText::toNumber;
 using numberText::whole;
 
 namespace {
-
-constexpr int minutesInHour = 60;
-constexpr int hoursOnDial = 12;
 
 enum ChartColumn { minutesGone = 0, minutesLeft = 1 };
 
@@ -145,13 +143,13 @@ std::string issueTest(Int16 index) {
     test.startMinute = s.clockMinute;
     test.etaMinute = s.clockMinute + length;
     test.result = s.symptomFindings[index].result;
-    while (test.etaMinute >= minutesInHour) {
+    while (test.etaMinute >= dial::minutesInHour) {
         ++test.etaHour;
-        if (test.etaHour > hoursOnDial) {
+        if (test.etaHour > dial::hours) {
             test.etaHour = 1;
             test.pastTwelve = true;
         }
-        test.etaMinute -= minutesInHour;
+        test.etaMinute -= dial::minutesInHour;
     }
     const std::string eventId = modAppRecord::recordEvent(
         "Testing", s.testCount + 1, "TestPosition" + whole(index + 1), test.result == "Present");

@@ -32,7 +32,7 @@ std::string dotted(const std::string& name) {
 }
 
 /// A percent behind a point: 40 gives .40, and 100 gives .100.
-std::string chanceText(Int16 percent) { return "." + numberText::padded(percent, 2); }
+std::string pointText(Int16 percent) { return "." + numberText::padded(percent, 2); }
 
 std::string headerLine() {
     std::string line = dotted({}) + blanks(2);
@@ -48,8 +48,8 @@ std::string treatmentLine(const Treatment& treatment) {
     std::string line = dotted(treatment.type);
     if (!Options.ViewTreatmentDisease) return line;
     for (Int16 j = 0; j <= trialState.treatmentMaxDisease; ++j) {
-        line += blanks(chanceMargin) + chanceText(treatment.heal[j]) + blanks(chanceMargin);
-        if (Options.Risk) line += blanks(2) + chanceText(treatment.hurt[j]);
+        line += blanks(chanceMargin) + pointText(treatment.heal[j]) + blanks(chanceMargin);
+        if (Options.Risk) line += blanks(2) + pointText(treatment.hurt[j]);
     }
     return line;
 }

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/dial.h"
 #include "platform/text.h"
 
 namespace numberText {
@@ -115,9 +116,9 @@ bool isNumeric(std::string_view source) {
 }
 
 std::string clockText(Int16 hour, Int16 minute) {
-    Int16 dial = hour % 12;
-    if (dial == 0) dial = 12;
-    return (dial < 10 ? "0" : "") + whole(dial) + ":" + (minute < 10 ? "0" : "") + whole(minute);
+    Int16 shown = hour % dial::hours;
+    if (shown == 0) shown = dial::hours;
+    return (shown < 10 ? "0" : "") + whole(shown) + ":" + (minute < 10 ? "0" : "") + whole(minute);
 }
 
 std::string toBase(Int32 value, Int16 base) {

@@ -1,11 +1,7 @@
 #include "qt/names.h"
 
-#include <array>
 #include <map>
-#include <optional>
 
-#include "forms/frmTavix.h"
-#include "forms/registry.h"
 #include "qt/faces.h"
 
 namespace names {
@@ -77,60 +73,6 @@ const Spoken* spokenOf(const Control& control) {
     return found == table.end() ? nullptr : &found->second;
 }
 
-/// A value of the feedback stands in a row, below the head of its column.
-struct Cell {
-    const Control& row;
-    const Control& column;
-};
-
-std::optional<Cell> cellOf(const Control& control) {
-    FrmTavix& f = frmTavix;
-    const std::array<std::array<const Control*, 3>, 7> rows{{
-        {&f.tagDisease, &f.lblFinalDiagnosis, &f.lblAnswer},
-        {&f.tagYourBelief, &f.lblDiagnosisBelief, &f.lblDiseaseBelief},
-        {&f.tagDiseaseProbability, &f.lblDiagChance, &f.lblDiseaseChance},
-        {&f.tagNormalized, &f.lblDiagNormalized, &f.lblDiseaseNormalized},
-        {&f.tagTreatment, &f.lblYourTreatment, &f.lblBestTreatment},
-        {&f.tagTreatmentHeal, &f.lblYourHeal, &f.lblActualHeal},
-        {&f.tagTreatmentHurt, &f.lblYourHurt, &f.lblActualHurt},
-    }};
-    for (const auto& [tag, yours, actual] : rows) {
-        if (&control == yours) return Cell{*tag, f.tagFinalDiagnosis};
-        if (&control == actual) return Cell{*tag, f.tagAnswer};
-    }
-    return std::nullopt;
-}
-
-/// The label that stands before a value, by their names: tagScore and lblScore.
-const Control* tagOf(const Control& control) {
-    static const std::map<std::string, std::string> tags{
-        {"lblPatientName", "tagPatient"},
-        {"lblScore", "tagScore"},
-        {"lblClock", "tagClock"},
-        {"lblHealth", "tagHealth"},
-        {"lblAge", "tagAge"},
-        {"lblHeight", "tagHeight"},
-        {"lblWeight", "tagWeight"},
-        {"lblTemp", "tagTemp"},
-        {"lblPulse", "tagPulse"},
-        {"lblBP", "tagBP"},
-        {"lblRR", "tagRR"},
-        {"lblCurrentHypothesis", "tagCurrent"},
-        {"lblPrevious", "tagPrevious"},
-        {"lblHealthScore", "tagRemain"},
-        {"lblTestScore", "tagTestScore"},
-        {"lblDiffScore", "tagBeliefDiff"},
-        {"lblPenaltyCalc", "tagPenaltyScore"},
-        {"lblScoreChange", "tagScoreChange"},
-        {"lblNewScore", "tagNewScore"},
-        {"lblDiff", "tagDiff"},
-        {"lblPenalty", "tagPenalty"},
-    };
-    if (control.form == frmTavix.form.form && control.name == "lblGender") return &frmTavix.tagGender;
-    const auto found = tags.find(control.name);
-    return found == tags.end() ? nullptr : registry::find(control.form + "." + found->second);
-}
-
 QString numbered(const char* text, const Control& control) {
     return QString(text).replace("#", QString::number(control.element + 1));
 }
@@ -146,16 +88,14 @@ QString withoutColon(const QString& tag) { return tag.endsWith(':') ? tag.choppe
 QString accessibleName(const Control& control) {
     const QString caption = captionOf(control);
     if (control.kind == Kind::OptionButton && !caption.isEmpty()) return caption;
-    if (const auto cell = cellOf(control)) {
-        return withoutColon(captionOf(cell->row)) + ", " + captionOf(cell->column) + ": " + caption;
+    if (control.head != nullptr) {
+        return withoutColon(captionOf(*control.tag)) + ", " + captionOf(*control.head) + ": " + caption;
     }
     if (const Spoken* spoken = spokenOf(control)) {
         const QString name = numbered(spoken->name, control);
         return isValueLabel(control) && !caption.isEmpty() ? name + ": " + caption : name;
     }
-    if (const Control* tag = tagOf(control)) {
-        return (withoutColon(captionOf(*tag)) + ": " + caption).simplified();
-    }
+    if (control.tag != nullptr) return (withoutColon(captionOf(*control.tag)) + ": " + caption).simplified();
     if (!caption.isEmpty()) return caption;
     return control.kind == Kind::Frame ? QStringLiteral("Group") : QString();
 }

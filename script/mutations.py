@@ -28,7 +28,7 @@ def m(id, file, old, new, rule, kill=False):
 # ---- platform
 m('P01', 'platform/checkedInteger.cpp', 'return std::fmod(below, 2.0) == 0.0 ? below : below + 1.0;', 'return below + 1.0;', 'halves go to the even neighbour')
 m('P03', 'platform/numberText.cpp', ">= '5'", "> '5'", 'two decimals: halves away from zero')
-m('P05', 'platform/numberText.cpp', '    if (dial == 0) dial = 12;\n', '', 'hour 0 reads 12 on the dial')
+m('P05', 'platform/numberText.cpp', '    if (shown == 0) shown = dial::hours;\n', '', 'hour 0 reads 12 on the dial')
 m('P07', 'platform/files.cpp', ', "GIF8"sv, "BM"sv', '', 'GIF and BMP are pictures')
 m('P09', 'platform/fault.cpp', "Run-time error '{}':\\n{}", "Run-time error '{}': {}", 'the report of a fault has a line break')
 m('P11', 'platform/text.cpp', 'u_foldCase(letter, U_FOLD_CASE_DEFAULT)', 'letter', 'accented letters have two cases')
@@ -40,7 +40,7 @@ m('F06', 'forms/windows.cpp', '    if (form.active != nullptr && isUsable(*form.
 m('F08', 'forms/frmDiagnosis.cpp', '.look.alarming = true;', '.look.alarming = false;', 'the reason of a refusal is in the alarm colour')
 m('F11', 'forms/frmTavix.cpp', '    intro.readOnly = true;\n', '', 'the subject cannot write in the introduction')
 m('F13', 'forms/frmTavix.cpp', '    help.look.clips = true;  // its caption grows with each patient\n', '', 'the growing header is clipped, not shrunk')
-m('F15', 'forms/frmTavix.cpp', '"lblMonitorX", {7860, 3570, 600, 210}, "Time")', '"lblMonitorX", {7860, 3570, 600, 210}, "Tine")', 'a caption')
+m('F15', 'forms/frmTavix.cpp', 'lblMonitorX), {7860, 3570, 600, 210}, "Time")', 'lblMonitorX), {7860, 3570, 600, 210}, "Tine")', 'a caption')
 m('F17', 'forms/design.cpp', '    control.on = std::move(kept);\n', '', 'unloading keeps the handlers')
 # ---- state
 m('S01', 'state/TrialState.h', '    Int16 findingsMask;', '    Int32 findingsMask;', 'fifteen symptoms are the limit (16 bits)')
@@ -89,7 +89,7 @@ m('K21', 'knowledge/modTests.cpp', '    windows::setFocus(frmTavix.cmdDiagnosis)
 m('K23', 'knowledge/modTreatments.cpp', '        tell("Please check database file", "Problems reading from treatment table");\n', '', 'a treatment that was not recorded is said')
 m('K25', 'knowledge/modTreatments.cpp', '    if (line < 0) return;\n', '    if (line <= 0) return;\n', "the header's line empties the choice")
 m('K27', 'knowledge/termOrders.cpp', 'constexpr int mostDiseases = 4;', 'constexpr int mostDiseases = 5;', 'four diseases at most')
-m('K29', 'knowledge/modTests.cpp', '    while (test.etaMinute >= minutesInHour) {', '    while (test.etaMinute > minutesInHour) {', 'sixty minutes are an hour')
+m('K29', 'knowledge/modTests.cpp', '    while (test.etaMinute >= dial::minutesInHour) {', '    while (test.etaMinute > dial::minutesInHour) {', 'sixty minutes are an hour')
 m('K31', 'knowledge/modTreatments.cpp', '    } catch (const Fault&) {\n', '    } catch (const std::nullptr_t&) {\n', 'a treatment that cannot be recorded does not end the run')
 # ---- diagnosis
 m('D02', 'diagnosis/modDiagnosis.cpp', '    const Guess guess = takeGuess();\n    focusLastName();\n', '    const Guess guess = takeGuess();\n', 'the dialog comes back with the focus on the last name')

@@ -5,6 +5,7 @@
 #include "forms/frmOptions.h"
 #include "forms/frmTavix.h"
 #include "forms/windows.h"
+#include "platform/dial.h"
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "state/TrialState.h"
@@ -17,9 +18,6 @@ using numberText::clockText;
 
 namespace {
 
-constexpr int hoursOnDial = 12;
-constexpr int minutesInHour = 60;
-
 void refuseStartTime(Control& box) {
     tell("Invalid Start Time");
     windows::setFocus(box);
@@ -29,10 +27,11 @@ void refuseStartTime(Control& box) {
 /// The seven labels under the health monitor stand at the eighths of the planned length.
 void labelTimeAxis(Int16 startHour, Int16 startMinute) {
     const Int16 step = floor16(trialState.trialMinutes / 8.0);
-    Int16 minutes = startHour * minutesInHour + startMinute;
+    Int16 minutes = startHour * dial::minutesInHour + startMinute;
     for (Control& label : frmTavix.lblX) {
         minutes += step;
-        setCaption(label, clockText(floor16(minutes.toFloat() / minutesInHour), minutes % minutesInHour));
+        setCaption(label, clockText(floor16(minutes.toFloat() / dial::minutesInHour),
+                                    minutes % dial::minutesInHour));
     }
 }
 
@@ -46,11 +45,11 @@ void reachTimeLimit() {
 }  // namespace
 
 void startOptions() {
-    if (Options.StartHour.number() > hoursOnDial) {
+    if (Options.StartHour.number() > dial::hours) {
         refuseStartTime(Options.StartHour.box);
         return;
     }
-    if (Options.StartMin.number() > minutesInHour - 1) {
+    if (Options.StartMin.number() > dial::minutesInHour - 1) {
         refuseStartTime(Options.StartMin.box);
         return;
     }
@@ -69,13 +68,13 @@ void initClock(Int16& startHour, Int16 startMinute, Int16 rate, Int16 length) {
     TrialState& s = trialState;
     s.trialHours = rate * length;
     const Int16 sum = startHour + s.trialHours;
-    s.endHour = sum % hoursOnDial;
+    s.endHour = sum % dial::hours;
     s.endMinute = startMinute;
-    s.endPasses = floor16(sum.toFloat() / hoursOnDial);
-    if (startHour == 0) startHour = hoursOnDial;
+    s.endPasses = floor16(sum.toFloat() / dial::hours);
+    if (startHour == 0) startHour = dial::hours;
     s.clockHour = startHour;
     s.clockMinute = startMinute;
-    s.trialMinutes = (s.trialHours * minutesInHour).toFloat();
+    s.trialMinutes = (s.trialHours * dial::minutesInHour).toFloat();
     labelTimeAxis(startHour, startMinute);
     s.trialStartTick = host().milliseconds();
 }
@@ -84,12 +83,12 @@ std::string tickClock() {
     TrialState& s = trialState;
     ++s.clockMinute;
     ++s.elapsedMinutes;
-    if (s.clockMinute == minutesInHour) {
+    if (s.clockMinute == dial::minutesInHour) {
         ++s.clockHour;
         s.clockMinute = 0;
         ++s.elapsedHours;
     }
-    if (s.clockHour > hoursOnDial) s.clockHour = 1;
+    if (s.clockHour > dial::hours) s.clockHour = 1;
     if (s.clockMinute == s.endMinute && s.clockHour == s.endHour) {
         if (s.endPasses < 1) {
             reachTimeLimit();
