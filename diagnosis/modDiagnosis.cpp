@@ -3,6 +3,7 @@
 #include <string>
 
 #include "diagnosis/diagnosisRecord.h"
+#include "diagnosis/modBeliefs.h"
 #include "diagnosis/modHypotheses.h"
 #include "forms/frmDiagnosis.h"
 #include "forms/frmTavix.h"
@@ -88,6 +89,7 @@ void makeDiagnosis() {
 
 void forceDiagnosis() {
     setEnabled(frmTavix.tmrForceDiagnosisAfterTest, false);
+    if (trialHasEnded()) return;
     modHypotheses::ensureLoaded();
     setVisible(frmDiagnosis.cmdCancel, false);
     if (!frmDiagnosis.form.visible) makeDiagnosis();
@@ -99,7 +101,10 @@ void commitDiagnosis(Int16 page) {
         return;
     }
     if (!modHypotheses::validateHypotheses(frmDiagnosis.DiagnosisCount - 1)) return;
-    if (Options.Normalize) modHypotheses::normalizeBeliefs();
+    if (Options.Normalize && !modBeliefs::normalizeBeliefs()) {
+        setCaption(frmDiagnosis.lblError, modBeliefs::cannotRescale);
+        return;
+    }
     modHypotheses::saveHypotheses();
     const Guess guess = takeGuess();
     focusLastName();

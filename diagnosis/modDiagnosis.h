@@ -13,15 +13,17 @@ constexpr int treatmentsPage = 2;
 /// modally.
 void makeDiagnosis();
 
-/// Timer of tmrForceDiagnosisAfterTest: opens a dialog that cannot be cancelled.
+/// Timer of tmrForceDiagnosisAfterTest: opens a dialog that cannot be cancelled. After the end of the trial
+/// it opens nothing: a frozen dialog whose buttons nobody has enabled could not be left.
 void forceDiagnosis();
 
 /// Click of cmdTests and of cmdDiagnose: judges the rows, takes the guess, records it, and without
-/// treatments ends the trial. `page` is where the main screen ends up.
+/// treatments ends the trial. `page` is where the main screen ends up. Where the beliefs cannot be rescaled
+/// nothing is changed or written, the dialog stays open, and lblError says so.
 void commitDiagnosis(Int16 page);
 
-/// Click of cmdCancel: the rows go back to the last commit. Time goes on again only in the all-diseases
-/// mode; in the ordinary one a time stop lasts until the next commit.
+/// Click of cmdCancel: the rows go back to the last commit, always. Time goes on again only in the
+/// all-diseases mode; in the ordinary one a time stop lasts until the next commit.
 void cancelDiagnosis();
 
 /// Click of cmdViewNorm, after the trial: the dialog beside the main screen, for looking only.

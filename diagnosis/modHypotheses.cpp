@@ -1,19 +1,23 @@
 #include "diagnosis/modHypotheses.h"
 
+#include <algorithm>
+
+#include "diagnosis/modBeliefs.h"
 #include "forms/frmDiagnosis.h"
 #include "forms/windows.h"
-#include "platform/numberText.h"
 #include "state/TrialState.h"
 #include "store/record/Options.h"
 
 namespace modHypotheses {
+
+using modBeliefs::beliefOf;
+using modBeliefs::yokedMax;
 
 namespace {
 
 FrmDiagnosis& f = frmDiagnosis;
 
 constexpr int wholeBelief = 100;
-constexpr int leastSum = 90;  // sums from here to 100 are left alone
 constexpr const char* addCaption = "Add Hypothesis";
 constexpr const char* removeCaption = "Remove Hypothesis";
 
@@ -23,38 +27,9 @@ void showMeter(Int16 row, bool visible) {
     setVisible(f.hsbBelief[row], visible);
 }
 
-Int16 beliefOf(Int16 row) { return f.hsbBelief[row].value; }
-
 bool nameIsValid(Int16 row) {
     const Control& name = f.cboHypothesis[row];
     return findItem(name, name.text) >= 0;
-}
-
-/// The yoked maximum leaves room for 1 in every other row.
-Int16 yokedMax() { return Int16(wholeBelief) - f.DiagnosisCount + 1; }
-
-/// Takes what the rows hold above 100 from the neighbours of `row`, the next row first. When a neighbour is
-/// set to 1 its own change takes the rest from the next row already, and then it is taken once more here:
-/// large moves so end below 100.
-void yoke(Int16 row, Int16 count) {
-    const auto neighbour = [&](Int16 k) { return (row + k) % count; };
-    Int16 excess = beliefOf(row) - wholeBelief;
-    for (Int16 k = 1; k < count; ++k) excess += beliefOf(neighbour(k));
-    if (excess <= 0) return;
-    for (Int16 k = 1; k < count; ++k) {
-        Control& meter = f.hsbBelief[neighbour(k)];
-        const Int16 belief = meter.value;
-        if (k == count - 1 || belief > excess) {
-            setValue(meter, belief - excess);
-            return;
-        }
-        excess = excess - belief + 1;
-        setValue(meter, 1);
-    }
-}
-
-std::string beliefText(Int16 belief) {
-    return belief == wholeBelief ? "1.00" : "0." + numberText::padded(belief, 2);
 }
 
 // ---- Load
@@ -129,8 +104,8 @@ void offerUnnamed(Int16 row) {
     }
 }
 
-void addRow(Int16 row) {
-    const Int16 added = row + 1;
+void bringUpRow(Int16 added) {
+    const Int16 row = added - 1;
     setCaption(f.cmdAdd[row], removeCaption);
     offerUnnamed(added);
     setEnabled(f.cboHypothesis[row], false);
@@ -140,8 +115,16 @@ void addRow(Int16 row) {
     if (added < trialState.diseaseCount - 1) setVisible(f.cmdAdd[added], true);
     ++f.DiagnosisCount;
     limitMeters(f.DiagnosisCount);
-    beliefChanged(row);
-    focusName(added);
+    modBeliefs::beliefChanged(row);
+}
+
+void addRow(Int16 row) {
+    const Int16 added = row + 1;
+    if (modBeliefs::changeAsWhole([added] { bringUpRow(added); })) {
+        focusName(added);
+    } else {
+        setCaption(f.lblError, modBeliefs::stepTooLarge);
+    }
 }
 
 void removeRow(Int16 row) {
@@ -185,6 +168,12 @@ bool namesStand(Int16 last) {
     return true;
 }
 
+/// Where nothing pushes, a meter must be able to hold its saved belief: with all diseases at once the last
+/// row begins with a limit above the yoked one.
+Int16 restoredMax(Int16 row) {
+    return modBeliefs::areYoked() ? yokedMax() : std::max(yokedMax(), f.savedBeliefs[row]);
+}
+
 void restoreRow(Int16 row) {
     if (!Options.DiagnoseAllDiseases) {
         if (row > 0 && row < trialState.diseaseCount) {
@@ -197,7 +186,7 @@ void restoreRow(Int16 row) {
         setEnabled(f.cboHypothesis[row], row >= f.DiagnosisCount - 1);
         setText(f.cboHypothesis[row], f.savedNames[row]);
     }
-    if (Options.YokeBeliefMeters) setMax(f.hsbBelief[row], yokedMax());
+    if (Options.YokeBeliefMeters) setMax(f.hsbBelief[row], restoredMax(row));
     setValue(f.hsbBelief[row], f.savedBeliefs[row]);
     checkHypothesisName(row);
 }
@@ -212,6 +201,18 @@ void withdrawRow(Int16 row) {
     showMeter(row, false);
 }
 
+void restoreRows() {
+    f.DiagnosisCount = f.savedCount;
+    const Int16 last = trialState.diseaseCount - 1;
+    for (Int16 i = 0; i < f.DiagnosisCount; ++i) restoreRow(i);
+    for (Int16 i = f.DiagnosisCount; i <= last; ++i) withdrawRow(i);
+    if (f.DiagnosisCount <= last) {
+        setEnabled(f.cmdAdd[f.DiagnosisCount - 1], true);
+        setVisible(f.cmdAdd[f.DiagnosisCount - 1], true);
+    }
+    if (f.DiagnosisCount > 1) setEnabled(f.cmdAdd[f.DiagnosisCount - 2], true);
+}
+
 }  // namespace
 
 void ensureLoaded() {
@@ -220,27 +221,7 @@ void ensureLoaded() {
     load();
 }
 
-void beliefChanged(Int16 row) {
-    f.FirstTime = false;
-    const Int16 count = f.DiagnosisCount;
-    if (Options.YokeBeliefMeters && count >= 2 && count <= 4) yoke(row, count);
-    setCaption(f.lblBelief[row], beliefText(beliefOf(row)));
-    setEnabled(f.cmdCancel, true);
-    setEnabled(f.cmdTests, true);
-    setEnabled(f.cmdDiagnose, true);
-}
-
 void checkHypothesisName(Int16 row) { showMeter(row, nameIsValid(row)); }
-
-void normalizeBeliefs() {
-    Int16 sum;
-    for (Int16 i = 0; i < f.DiagnosisCount; ++i) sum += beliefOf(i);
-    if (sum <= 0 || (sum >= leastSum && sum <= wholeBelief)) return;
-    for (Int16 i = 0; i < f.DiagnosisCount; ++i) {
-        const Int16 product = beliefOf(i) * wholeBelief;
-        setValue(f.hsbBelief[i], floor16(product.toFloat() / sum.toFloat()));
-    }
-}
 
 bool validateHypotheses(Int16 last) {
     if (f.isLoading) return true;
@@ -263,15 +244,7 @@ void saveHypotheses() {
 }
 
 void restoreHypotheses() {
-    f.DiagnosisCount = f.savedCount;
-    const Int16 last = trialState.diseaseCount - 1;
-    for (Int16 i = 0; i < f.DiagnosisCount; ++i) restoreRow(i);
-    for (Int16 i = f.DiagnosisCount; i <= last; ++i) withdrawRow(i);
-    if (f.DiagnosisCount <= last) {
-        setEnabled(f.cmdAdd[f.DiagnosisCount - 1], true);
-        setVisible(f.cmdAdd[f.DiagnosisCount - 1], true);
-    }
-    if (f.DiagnosisCount > 1) setEnabled(f.cmdAdd[f.DiagnosisCount - 2], true);
+    if (!modBeliefs::changeAsWhole(restoreRows)) modBeliefs::changeWithoutYoking(restoreRows);
 }
 
 void addOrRemove(Int16 row) {

@@ -29,6 +29,7 @@ void moveScrollBar(Control& bar, Int16 value) {
         raiseFault(FaultNumber::InvalidPropertyValue, fullName(bar));
     }
     if (bar.value == value) return;
+    bar.valueBefore = bar.value;
     bar.value = value;
     tellWatchers(bar, Property::Value);
     run(bar.on.change);

@@ -93,6 +93,7 @@ struct Control {
     std::vector<std::string> items;
     std::vector<bool> selected;  ///< lists: one for each item
     Int16 value;                 ///< tick box 0 or 1, option button 0 or 1, scroll bar, page of a tab control
+    Int16 valueBefore;           ///< scroll bars: the value before the last change
     Int16 min;
     Int16 max;
     Int32 interval;                      ///< timers, milliseconds

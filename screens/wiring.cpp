@@ -1,5 +1,6 @@
 #include "screens/wiring.h"
 
+#include "diagnosis/modBeliefs.h"
 #include "diagnosis/modDiagnosis.h"
 #include "diagnosis/modHypotheses.h"
 #include "forms/frmDiagnosis.h"
@@ -119,7 +120,7 @@ void wireDiagnosis() {
     for (int i = 0; i < Elements<4>::count(); ++i) {
         f.cboHypothesis[i].on.change = [i] { modHypotheses::checkHypothesisName(i); };
         f.cboHypothesis[i].on.click = [i] { modHypotheses::checkHypothesisName(i); };
-        f.hsbBelief[i].on.change = [i] { modHypotheses::beliefChanged(i); };
+        f.hsbBelief[i].on.change = [i] { modBeliefs::meterMoved(i); };
     }
     for (int i = 0; i < Elements<3>::count(); ++i) {
         f.cmdAdd[i].on.click = [i] { modHypotheses::addOrRemove(i); };

@@ -1,4 +1,5 @@
 // Beliefs: what yoked meters take from each other, how they are rescaled, and which names may stand.
+#include "diagnosis/modBeliefs.h"
 #include "diagnosis/modHypotheses.h"
 #include "forms/frmDiagnosis.h"
 #include "forms/windows.h"
@@ -77,7 +78,7 @@ TEST_F(Hypotheses, YokedMetersLeaveRoomForOneInEveryOtherRow) {
 TEST_F(Hypotheses, BeliefsAreRescaledBelow90AndAbove100) {
     const auto rescaled = [this](const std::vector<int>& before) {
         open(before, false);
-        modHypotheses::normalizeBeliefs();
+        modBeliefs::normalizeBeliefs();
         return beliefs();
     };
     EXPECT_EQ(rescaled({90}), "0.90");
@@ -121,7 +122,7 @@ TEST_F(Hypotheses, AllDiseasesAtOnceBeginAtNothingOrAtTheirRates) {
         EXPECT_EQ(modHypotheses::validateHypotheses(3), toRates);
     }
     EXPECT_EQ(f.lblError.caption, "Error: No judgment given");
-    modHypotheses::normalizeBeliefs();
+    modBeliefs::normalizeBeliefs();
     setValue(f.hsbBelief[3], 1);
     EXPECT_EQ(beliefs(), "0.00 0.00 0.00 0.01");
     EXPECT_TRUE(modHypotheses::validateHypotheses(3));

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "diagnosis/modHypotheses.h"
+#include "diagnosis/modBeliefs.h"
 #include "forms/frmDiagnosis.h"
 #include "forms/frmTavix.h"
 #include "platform/numberText.h"
@@ -26,14 +26,17 @@ Int16 rowOfTrueDisease() {
     return row;
 }
 
-void takeBeliefs() {
+/// False if the beliefs could not be rescaled and are taken as they stand.
+bool takeBeliefs() {
     TrialEvaluation& e = trialEvaluation;
     const Int16 row = rowOfTrueDisease();
     e.beliefText = row < frmDiagnosis.DiagnosisCount ? frmDiagnosis.lblBelief[row].caption : "0";
     // Beliefs that the commits did not normalise are normalised now, for the score.
-    if (Options.UseNormalizeScore && !Options.Normalize) modHypotheses::normalizeBeliefs();
+    const bool rescales = Options.UseNormalizeScore && !Options.Normalize;
+    const bool rescaled = !rescales || modBeliefs::normalizeBeliefs();
     // Without a row for the true disease this is the resting text of the first unused row.
     e.normalizedBeliefText = frmDiagnosis.lblBelief[row].caption;
+    return rescaled;
 }
 
 void takeChances() {
@@ -88,8 +91,8 @@ void sumUp() {
 
 }  // namespace
 
-void evaluateTrial() {
-    takeBeliefs();
+bool evaluateTrial() {
+    const bool rescaled = takeBeliefs();
     takeChances();
     if (trialState.patients[trialState.currentPatient].status != endings::aborted) {
         chargeBelief();
@@ -97,6 +100,7 @@ void evaluateTrial() {
     }
     chargeTests();
     sumUp();
+    return rescaled;
 }
 
 }  // namespace evaluation

@@ -8,7 +8,8 @@ namespace evaluation {
 /// Compares the belief in the true disease with its computed chance, charges the difference, pays for a
 /// saved patient, charges tests, and moves `score`. Fills `trialEvaluation`, which the feedback shows.
 /// An award or change beyond 16 bits, or a score beyond 32, faults with Overflow; four hypotheses none of
-/// which is the true disease fault with Subscript out of range.
-void evaluateTrial();
+/// which is the true disease fault with Subscript out of range. False if the score asks for rescaled beliefs
+/// and a meter refused its part: then the beliefs are scored as they stand.
+bool evaluateTrial();
 
 }  // namespace evaluation

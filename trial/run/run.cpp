@@ -161,7 +161,7 @@ void endTrial(bool record) {
     if (frmDiagnosis.form.visible) windows::hide(frmDiagnosis.form);
     setEnabled(frmTavix.cmdChange, false);
     setEnabled(frmTavix.lstTreatments, false);
-    evaluation::evaluateTrial();
+    const bool rescaled = evaluation::evaluateTrial();
     runHook(runHooks().showFeedback);
     freezeDiagnosis();
     takeElapsedTimes();
@@ -169,6 +169,7 @@ void endTrial(bool record) {
     if (record) modAppRecord::recordTrialEnd();
     setVisible(frmTavix.cmdNextPatient, true);
     windows::setFocus(frmTavix.cmdNextPatient);
+    if (!rescaled) tell("Beliefs could not be rescaled and were scored as they stand", "Results");
 }
 
 void abortForOptionsDuringTrial() {

@@ -10,8 +10,9 @@ void startApplication();
 /// The next patient: the Click of cmdNextPatient.
 void startTrial();
 
-/// Stops the timers, freezes the controls, evaluates and, if `record`, completes the row of the trial. The
-/// cause has set the patient's status before. The clock moves one more simulated minute here.
+/// Stops the timers, freezes the controls, evaluates, shows the feedback and, if `record`, completes the row
+/// of the trial with what it shows. The cause has set the patient's status before. The clock moves one more
+/// simulated minute here. Last, a box tells of beliefs that could not be rescaled for the score.
 void endTrial(bool record);
 
 /// Key "o" on cmdRemove: asks, ends the current patient and brings the options dialog up once.
