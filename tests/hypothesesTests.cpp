@@ -4,6 +4,7 @@
 #include "forms/frmDiagnosis.h"
 #include "forms/windows.h"
 #include "store/record/Options.h"
+#include "tests/faults.h"
 #include "tests/stage.h"
 
 namespace {
@@ -87,6 +88,40 @@ TEST_F(Hypotheses, BeliefsAreRescaledBelow90AndAbove100) {
     EXPECT_EQ(rescaled({99, 2}), "0.98 0.01");
     EXPECT_EQ(rescaled({1, 1, 1}), "0.33 0.33 0.33");
     EXPECT_EQ(rescaled({100, 100, 100, 50}), "0.28 0.28 0.28 0.14");
+}
+
+/// Everything on the dialog but lblError.
+std::string dialog() {
+    std::string all = std::to_string(f.DiagnosisCount.raw) + (f.FirstTime ? "first" : "");
+    for (const Control* c : allControls()) {
+        if (c->form != f.form.form || c == &f.lblError) continue;
+        all += "\n" + fullName(*c) + (c->visible ? "" : " hidden") + (c->enabled ? "" : " off") + c->caption;
+        for (const Int16& number : {c->min, c->value, c->max}) all += " " + std::to_string(number.raw);
+        for (const std::string& item : c->items) all += "|" + item;
+        all += c->text;
+    }
+    return all;
+}
+
+TEST_F(Hypotheses, WhatAMeterRefusesIsUndoneAsAWhole) {
+    const std::string tooLarge = "Error: Step too large, please move in smaller steps";
+    open({75, 5, 20}, true);
+    std::string before = dialog();
+    setValue(f.hsbBelief[0], 95);
+    EXPECT_EQ(dialog() + f.lblError.caption, before + tooLarge);
+    open({98, 19, 72}, false);
+    Options.YokeBeliefMeters.set(true);
+    before = dialog();
+    modHypotheses::addOrRemove(2);
+    EXPECT_EQ(dialog() + f.lblError.caption, before + tooLarge);
+    open({100, 1}, false);
+    before = dialog();
+    EXPECT_FALSE(modBeliefs::normalizeBeliefs());
+    EXPECT_EQ(dialog(), before);
+    Options.DiagnoseAllDiseases.set(true);
+    Options.InitToBaseRates.set(true);
+    trialState.baseRates[0].percents.items = {100, 100, 100, 100};
+    EXPECT_FAULT(open({}, true), FaultNumber::InvalidPropertyValue);
 }
 
 TEST_F(Hypotheses, NamesAreJudgedRowByRow) {
