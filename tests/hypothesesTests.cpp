@@ -38,6 +38,19 @@ protected:
         }
         return all;
     }
+    /// Everything on the dialog but lblError.
+    std::string dialog() {
+        std::string all = std::to_string(f.DiagnosisCount.raw) + (f.FirstTime ? "first" : "");
+        for (const Control* c : allControls()) {
+            if (c->form != f.form.form || c == &f.lblError) continue;
+            all +=
+                "\n" + fullName(*c) + (c->visible ? "" : " hidden") + (c->enabled ? "" : " off") + c->caption;
+            for (const Int16& number : {c->min, c->value, c->max}) all += " " + std::to_string(number.raw);
+            for (const std::string& item : c->items) all += "|" + item;
+            all += c->text;
+        }
+        return all;
+    }
 };
 
 TEST_F(Hypotheses, ARaisedMeterTakesFromTheNextRowsFirst) {
@@ -90,19 +103,6 @@ TEST_F(Hypotheses, BeliefsAreRescaledBelow90AndAbove100) {
     EXPECT_EQ(rescaled({100, 100, 100, 50}), "0.28 0.28 0.28 0.14");
 }
 
-/// Everything on the dialog but lblError.
-std::string dialog() {
-    std::string all = std::to_string(f.DiagnosisCount.raw) + (f.FirstTime ? "first" : "");
-    for (const Control* c : allControls()) {
-        if (c->form != f.form.form || c == &f.lblError) continue;
-        all += "\n" + fullName(*c) + (c->visible ? "" : " hidden") + (c->enabled ? "" : " off") + c->caption;
-        for (const Int16& number : {c->min, c->value, c->max}) all += " " + std::to_string(number.raw);
-        for (const std::string& item : c->items) all += "|" + item;
-        all += c->text;
-    }
-    return all;
-}
-
 TEST_F(Hypotheses, WhatAMeterRefusesIsUndoneAsAWhole) {
     const std::string tooLarge = "Error: Step too large, please move in smaller steps";
     open({75, 5, 20}, true);
@@ -120,7 +120,7 @@ TEST_F(Hypotheses, WhatAMeterRefusesIsUndoneAsAWhole) {
     EXPECT_EQ(dialog(), before);
     Options.DiagnoseAllDiseases.set(true);
     Options.InitToBaseRates.set(true);
-    trialState.baseRates[0].percents.items = {100, 100, 100, 100};
+    s.baseRates[0].percents.items = {100, 100, 100, 100};
     EXPECT_FAULT(open({}, true), FaultNumber::InvalidPropertyValue);
 }
 
