@@ -36,7 +36,8 @@ function finish() {
 
 function begin(how) {
     finish()
-    script = out "/" ++run ".tvx"; wanted = out "/" run ".wanted"
+    run = sprintf("%02d", run + 1)
+    script = out "/" run ".tvx"; wanted = out "/" run ".wanted"
     printf "" > wanted
     ends = how != ""
     sub(/^$|^ends$/, "0", how); sub(/^fails/, "1", how)

@@ -3,49 +3,43 @@
 @setting All YokeBeliefMeters=yes DiagnoseAllDiseases=yes InitToBaseRates=yes
 @setting None DoTreatments=no
 @setting Options ShowOptions=yes
-new rows Plain | T.lblCurrentHypothesis = No Hypothesis Made | patients(0).guess = None | click T.cmdDiagnosis
+new rows Plain | patients(0).guess = None | open
 # a meter that starts at 1 has changed at the load, so the buttons are there at once
-T.tabTavix = 1 | D.hsbBelief(0) = 1 | D.lblBelief(0) = 0.01 | D.cmdTests D.cmdDiagnose D.cmdCancel enabled | D.cmdCancel hidden
-D.cmdDiagnose = Go to Treatment | D.cboHypothesis(0).items = ["Aavo","Brill","Corvex"] | FirstTime = true
-savedNames = ["Unknown","",""] | savedBeliefs = [1,0,0] | D.cboHypothesis(0) = Unknown | click D.cmdTests
-D.lblError = Error: Invalid disease, please choose from selection | D shown | D.cboHypothesis(0) focused
+T.tabTavix = 1 | D.hsbBelief(0) = 1 | D.cmdTests D.cmdDiagnose D.cmdCancel enabled | D.cmdCancel hidden
+D.cmdDiagnose = Go to Treatment | FirstTime = true | savedNames = ["Unknown","",""] | savedBeliefs = [1,0,0]
+click D.cmdTests | D.lblError = Error: Invalid disease, please choose from selection | D.cboHypothesis(0) focused
 # names count letter by letter and with case; the meter comes and goes with them
 type D.cboHypothesis(0) aavo | D.hsbBelief(0) hidden | click D.cmdAdd(0) | D.fraHypothesis(1) hidden
 type D.cboHypothesis(0) Aavo | D.hsbBelief(0) D.lblBelief(0) D.lblBeliefMeter(0) shown | key D.cboHypothesis(0) 8
-D.cboHypothesis(0) = Aav | D.hsbBelief(0) D.lblBelief(0) hidden | choose D.cboHypothesis(0) Aavo | D.hsbBelief(0) shown
+D.hsbBelief(0) D.lblBelief(0) hidden | choose D.cboHypothesis(0) Aavo | D.hsbBelief(0) shown
 # a new row offers what is not named above it, and locks the name above
-click D.cmdAdd(0) | D.lblError = "" | DiagnosisCount = 2 | D.cmdAdd(0) = Remove Hypothesis | D.cmdAdd(1) = Add Hypothesis
-D.cmdAdd(1) D.fraHypothesis(1) shown | D.cboHypothesis(0) disabled | D.hsbBelief(0) enabled | D.hsbBelief(1) = 1
-D.cboHypothesis(1).items = ["Brill","Corvex"] | D.cboHypothesis(1) = "" | D.cboHypothesis(1) focused | D.hsbBelief(1) hidden
+click D.cmdAdd(0) | D.lblError = "" | D.cmdAdd(0) = Remove Hypothesis | D.cmdAdd(1) = Add Hypothesis
+D.cmdAdd(1) D.fraHypothesis(1) shown | D.cboHypothesis(0) disabled | D.cboHypothesis(1).items = ["Brill","Corvex"]
+D.cboHypothesis(1) = "" | D.cboHypothesis(1) focused | D.hsbBelief(1) hidden | click D.cmdAdd(0)
 # a row without a name goes away again; its list is made anew
-click D.cmdAdd(0) | D.fraHypothesis(1) D.cmdAdd(1) hidden | D.cmdAdd(0) = Add Hypothesis | D.cboHypothesis(0) enabled
-D.cboHypothesis(0) focused | row 0 Brill | add 1 Aavo | type D.cboHypothesis(1) Brill | click D.cmdAdd(1)
-D.lblError = Error: Invalid disease, please choose from selection | D.cboHypothesis(1) focused | row 1 Corvex
-click D.cmdAdd(1) | D.lblError = "" | D.cboHypothesis(2).items = ["Aavo"] | D.cmdAdd(0) disabled | D.cmdAdd(2) hidden
-click D.cmdDiagnose | D.cboHypothesis(2) focused | diagnosisCount = 0
+D.fraHypothesis(1) D.cmdAdd(1) hidden | D.cmdAdd(0) = Add Hypothesis | D.cboHypothesis(0) enabled | D.cboHypothesis(0) focused
+row 0 Brill | add 1 Corvex | add 2 Aavo | D.cboHypothesis(2).items = ["Aavo"] | D.cmdAdd(0) disabled | D.cmdAdd(2) hidden
+type D.cboHypothesis(2) no | click D.cmdDiagnose | D.cboHypothesis(2) focused | diagnosisCount = 0
 # removing looks at the rows above only
-click D.cmdAdd(1) | D.lblError = "" | D.cmdAdd(0) enabled | D.cboHypothesis(1) focused | add 2 Aavo 20 | slide D.hsbBelief(0) 30 | slide D.hsbBelief(1) 60
-T.lblHypothesis(0) = "" | T.fraHypothesis(0) T.fraTreatment hidden | click D.cmdTests | D hidden | T.tabTavix = 1
-T.fraTreatment T.fraHypothesis(2) shown | T.lblHypothesis(1) = Corvex | T.lblBelief(1) = 0.60 | T.hsbBelief(1) = 60
-T.lblCurrentHypothesis = Corvex 60% | savedNames = ["Brill","Corvex","Aavo"] | savedBeliefs = [30,60,20]
+click D.cmdAdd(1) | D.lblError = "" | D.cmdAdd(0) enabled | D.cboHypothesis(1) focused | add 2 Aavo 20
+slide D.hsbBelief(0) 30 | slide D.hsbBelief(1) 60 | T.fraHypothesis(0) T.fraTreatment hidden | click D.cmdTests | D hidden
+T.tabTavix = 1 | T.fraTreatment T.fraHypothesis(2) shown | T.lblHypothesis(1) = Corvex | T.lblBelief(1) = 0.60
+T.hsbBelief(1) = 60 | T.lblCurrentHypothesis = Corvex 60% | savedBeliefs = [30,60,20]
 # cancel: three rows come back with names, meters and buttons; the main screen has not moved
-click T.cmdChange | D.cmdCancel shown | D.cboHypothesis(2) focused | click D.cmdAdd(1) | D.cboHypothesis(2) = Aavo
-D.hsbBelief(2) hidden | slide D.hsbBelief(1) 5 | row 1 Aavo | slide D.hsbBelief(0) 99 | T.hsbBelief(0) = 30
-click D.cmdCancel | D hidden | DiagnosisCount = 3 | D.cboHypothesis(1) = Corvex | D.cboHypothesis(1) disabled
-D.cboHypothesis(2) enabled | D.fraHypothesis(2) D.hsbBelief(2) shown | D.hsbBelief(0) = 30 | D.lblBelief(1) = 0.60
+click T.cmdChange | D.cmdCancel shown | D.cboHypothesis(2) focused | click D.cmdAdd(1) | D.hsbBelief(2) hidden
+row 1 Aavo 5 | slide D.hsbBelief(0) 99 | T.hsbBelief(0) = 30 | click D.cmdCancel | D hidden | D.cboHypothesis(1) = Corvex
+D.cboHypothesis(1) disabled | D.cboHypothesis(2) enabled | D.fraHypothesis(2) D.hsbBelief(2) shown | D.hsbBelief(0) = 30
 D.cmdAdd(0) disabled | D.cmdAdd(1) enabled | D.cmdAdd(0) D.cmdAdd(1) = Remove Hypothesis | eventCount = 1
 # a row removed and added again is unnamed and at 1 until the cancel; an uncommitted row goes with it
-click T.cmdDiagnosis | click D.cmdAdd(1) | click D.cmdAdd(1) | D.cboHypothesis(2) = "" | D.hsbBelief(2) = 1 | click D.cmdTests
-D shown | click D.cmdCancel | D.lblError = "" | D.hsbBelief(2) = 20 | D.cboHypothesis(2) = Aavo
-click T.cmdDiagnosis | D.cboHypothesis(2) focused | click D.cmdAdd(1) | click D.cmdDiagnose | T.tabTavix = 2
-T.fraHypothesis(1) shown | T.fraHypothesis(2) hidden | savedBeliefs = [30,60,0] | click T.cmdChange | T.tabTavix = 1
-add 2 Aavo | click D.cmdCancel | DiagnosisCount = 2 | D.fraHypothesis(2) D.hsbBelief(2) hidden
+open | {click D.cmdAdd(1) | *2}D.cboHypothesis(2) = "" | D.hsbBelief(2) = 1 | click D.cmdTests | D shown | click D.cmdCancel
+D.lblError = "" | D.hsbBelief(2) = 20 | D.cboHypothesis(2) = Aavo | open | D.cboHypothesis(2) focused | click D.cmdAdd(1)
+click D.cmdDiagnose | T.tabTavix = 2 | T.fraHypothesis(2) hidden | savedBeliefs = [30,60,0] | click T.cmdChange
+add 2 Aavo | click D.cmdCancel | T.tabTavix = 1 | DiagnosisCount = 2 | D.fraHypothesis(2) D.hsbBelief(2) hidden
 D.cmdAdd(1) = Add Hypothesis | D.cmdAdd(1) D.cmdAdd(0) D.cboHypothesis(1) enabled
 # the next patient begins with a dialog that is not loaded
 die | next | T.lblCurrentHypothesis = No Hypothesis Made | T.lblHypothesis(0) = "" | T.fraHypothesis(0) T.fraTreatment hidden
-isLoaded = false | diagnosisStateId = rows02_00 | click T.cmdDiagnosis | DiagnosisCount = 1 | D.cboHypothesis(0) = Unknown
-D.cboHypothesis(0) enabled | D.fraHypothesis(1) D.cmdCancel hidden | D.cmdAdd(0) shown | D.cmdAdd(0) = Add Hypothesis
-row 0 Corvex 55 | click D.cmdTests | guessRow = 0
+isLoaded = false | open | DiagnosisCount = 1 | D.cboHypothesis(0) = Unknown | D.cboHypothesis(0) enabled
+D.fraHypothesis(1) D.cmdCancel hidden | D.cmdAdd(0) = Add Hypothesis | row 0 Corvex 55 | click D.cmdTests | guessRow = 0
 sql SELECT * FROM dataHypotheses
 > *
 > rows01_001,1,1,3,Brill,30
@@ -54,43 +48,32 @@ sql SELECT * FROM dataHypotheses
 > rows01_002,2,1,2,Brill,30
 > rows01_002,2,2,2,Corvex,60
 > rows02_001,1,1,1,Corvex,55
-sql SELECT * FROM dataHypothesisState
+sql SELECT StateID, H1, H2, H3, ActionNum, Input, Output FROM dataHypothesisState JOIN dataEvents ON DiagnosisID = StateID
 > *
-> rows01_01,30,60,20,,,
-> rows01_02,30,60,,,,
-> rows02_01,55,,,,,
-sql SELECT EventID, ActionNum, Input, Output, DiagnosisID FROM dataEvents
-> *
-> rows01_001,1,HypothesisPosition02,0,rows01_01
-> rows01_002,2,HypothesisPosition02,0,rows01_02
-> rows02_001,1,HypothesisPosition01,0,rows02_01
+> rows01_01,30,60,20,1,HypothesisPosition02,0
+> rows01_02,30,60,,2,HypothesisPosition02,0
+> rows02_01,55,,,1,HypothesisPosition01,0
 @start
-# Yoked, the meter stands at its design value: nothing can be committed before it is touched. Time goes on under the dialog.
-new four Four 0x10 0 0 0.99x6 | click T.cmdDiagnosis | row 0 Aavo | D.hsbBelief(0) = 100 | D.lblBelief(0) = 1.00
-D.cmdCancel D.cmdTests D.cmdDiagnose disabled | FirstTime = true | slide D.hsbBelief(0) 100 | D.cmdDiagnose disabled
-slide D.hsbBelief(0) 60 | FirstTime = false | D.cmdDiagnose enabled | draw 0.5x16 | wait 1000 | T.lblClock = 01:04
-add 1 Brill 40 | add 2 Corvex | add 3 Dunnit | D.cboHypothesis(3).items = ["Dunnit"] | D.cmdAdd(0) D.cmdAdd(1) disabled
-D.cmdAdd(2) enabled | D.cmdAdd(2) = Remove Hypothesis | D.hsbBelief(3).max = 97 | slide D.hsbBelief(0) 10
-slide D.hsbBelief(2) 10 | slide D.hsbBelief(3) 40 | D.hsbBelief(1) = 40 | click D.cmdTests
-T.lblCurrentHypothesis patients(0).guess = Brill 40%,  Dunnit 40% | guessRow = 1 | guessBelief = 40
-guessDiseaseIndex = 0 | T.fraHypothesis(3) shown
+# Yoked, the meter stands at its design value: nothing can be committed before it is touched. Time goes on meanwhile.
+new four Four 0x10 0 0 0.99x6 | open | row 0 Aavo | D.hsbBelief(0) = 100 | D.lblBelief(0) = 1.00
+D.cmdCancel D.cmdTests D.cmdDiagnose disabled | slide D.hsbBelief(0) 60 | FirstTime = false | D.cmdDiagnose enabled
+draw 0.5x16 | wait 1000 | T.lblClock = 01:04 | add 1 Brill 40 | add 2 Corvex | add 3 Dunnit | D.cmdAdd(1) disabled
+D.cmdAdd(2) = Remove Hypothesis | slide D.hsbBelief(0) 10 | slide D.hsbBelief(2) 10 | slide D.hsbBelief(3) 40 | click D.cmdTests
+T.lblCurrentHypothesis patients(0).guess = Brill 40%,  Dunnit 40% | guessRow = 1 | guessBelief = 40 | guessDiseaseIndex = 0
 @start
 # All diseases at once: every row named and locked at the load, 0 is a judgment like any other, and rows at 0 ahead of the
 # guess leave no trace in its text.
-new all All | T.hsbBelief(0) = 50 | T.lblBelief(2) = 20% | click T.cmdDiagnosis | DiagnosisCount = 3 | savedBeliefs = [50,30,20]
-D.cboHypothesis(1) = Brill | D.cboHypothesis(1).items = ["Brill","Corvex"] | D.cboHypothesis(2) = Corvex
-D.cboHypothesis(0) D.cboHypothesis(2) disabled | D.fraHypothesis(2) D.hsbBelief(2) shown | D.cmdCancel hidden
-D.fraHypothesis(3) D.cmdAdd(0) D.cmdAdd(1) D.cmdAdd(2) hidden | D.hsbBelief(0).min = 0 | D.hsbBelief(1).max = 98
-D.hsbBelief(2).max = 100 | D.lblBelief(0) = 0.50 | slide D.hsbBelief(0) 0 | slide D.hsbBelief(1) 0 | slide D.hsbBelief(2) 0
-click D.cmdTests | D.lblError = Error: No judgment given | slide D.hsbBelief(2) 60 | click D.cmdTests | D.lblError = ""
-T.lblCurrentHypothesis = Corvex 60% | guessRow = 2 | guessBelief = 60 | T.lblBelief(0) = 0.00 | T.fraHypothesis(0) shown
-click T.cmdDiagnosis | slide D.hsbBelief(0) 40 | click D.cmdCancel | D.hsbBelief(0) = 0 | D.hsbBelief(2) = 60
-D.hsbBelief(2).max = 98 | D.cboHypothesis(2) disabled | D.cmdAdd(1) hidden
+new all All | T.hsbBelief(0) = 50 | open | DiagnosisCount = 3 | savedBeliefs = [50,30,20] | D.cboHypothesis(1) = Brill
+D.cboHypothesis(0) D.cboHypothesis(2) disabled | D.fraHypothesis(2) D.hsbBelief(2) shown | D.hsbBelief(1).max = 98
+D.fraHypothesis(3) D.cmdAdd(0) D.cmdAdd(1) D.cmdAdd(2) D.cmdCancel hidden | D.hsbBelief(2).max = 100
+slide D.hsbBelief(0) 0 | slide D.hsbBelief(1) 0 | slide D.hsbBelief(2) 0 | click D.cmdTests
+D.lblError = Error: No judgment given | slide D.hsbBelief(2) 60 | click D.cmdTests | D.lblError = ""
+T.lblCurrentHypothesis = Corvex 60% | guessRow = 2 | guessBelief = 60 | T.lblBelief(0) = 0.00 | open
+slide D.hsbBelief(0) 40 | click D.cmdCancel | D.hsbBelief(0) = 0 | D.hsbBelief(2) = 60 | D.hsbBelief(2).max = 98
 # without base rates and yoking all from 0; the key after the end writes a row of states under the state in force
 die | draw 0.99 0 0.99x3 | key T.cmdNextPatient 111 | trialKey = all02_ | diagnosisStateId = all01_01
-untick O.chkInitToBaseRates | untick O.chkYoke | tick O.chkNormalize | click O.cmdStart | T.lblBelief(0) = 00%
-click T.cmdDiagnosis | D.hsbBelief(1).max = 100 | slide D.hsbBelief(0) 100 | slide D.hsbBelief(1) 1 | click D.cmdTests
-T.lblCurrentHypothesis = Aavo 99% | T.hsbBelief(0) = 99
+untick O.chkInitToBaseRates | untick O.chkYoke | tick O.chkNormalize | click O.cmdStart | open | D.hsbBelief(1).max = 100
+slide D.hsbBelief(0) 100 | slide D.hsbBelief(1) 1 | click D.cmdTests | T.lblCurrentHypothesis = Aavo 99%
 sql SELECT * FROM dataHypothesisState WHERE StateID LIKE 'all%'
 > *
 > all01_00,50,30,20,,,
@@ -100,34 +83,29 @@ sql SELECT * FROM dataHypothesisState WHERE StateID LIKE 'all%'
 > all03_01,99,0,0,,,
 @start
 # Time stands still while the dialog is open: a commit starts it again, a cancel only where all diseases are judged.
-new stop Options | tick O.chkStopTime | untick O.chkOneTreatment | click O.cmdStart | draw 0.5x999 | wait 1000
-click T.cmdDiagnosis | T.tmrClock T.tmrHealth T.tmrHealthMonitor disabled | wait 9999 | T.lblClock = 01:04
+new stop Options | tick O.chkStopTime | untick O.chkOneTreatment | click O.cmdStart | draw 0.5x999 | wait 1000 | open
+T.tmrClock T.tmrHealth T.tmrHealthMonitor disabled | wait 9999 | T.lblClock = 01:04
 # a refused commit keeps time stopped
 click D.cmdTests | T.tmrClock disabled | row 0 Aavo | click D.cmdTests | T.tmrClock T.tmrHealth T.tmrHealthMonitor enabled
-wait 1000 | T.lblClock = 01:08 | click T.cmdDiagnosis | click D.cmdCancel | T.tmrClock T.tmrHealth T.tmrHealthMonitor disabled
-wait 60000 | T.lblClock = 01:08 | click T.cmdChange | click D.cmdDiagnose | T.tmrHealthMonitor enabled | wait 250
-T.lblClock = 01:09 | abort | untick O.chkStopTime | tick O.chkDiagnoseAll | go | click T.cmdDiagnosis
-slide D.hsbBelief(0) 50 | click D.cmdTests | click T.cmdDiagnosis | wait 250 | click D.cmdCancel
-T.tmrClock T.tmrHealth T.tmrHealthMonitor enabled | abort | tick O.chkStopTime | untick O.chkTreatments | go | test 0
+open | click D.cmdCancel | wait 60000 | T.lblClock = 01:04 | T.tmrClock T.tmrHealth T.tmrHealthMonitor disabled
+click T.cmdChange | click D.cmdDiagnose | wait 250 | T.lblClock = 01:05 | abort | tick O.chkDiagnoseAll | go | open
+slide D.hsbBelief(0) 50 | click D.cmdTests | open | click D.cmdCancel | T.tmrClock T.tmrHealth T.tmrHealthMonitor enabled
 # a commit that ends the patient does not start time
-click T.cmdDiagnosis | slide D.hsbBelief(0) 50 | click D.cmdTests | T.tmrClock disabled | ok Diagnosis was incorrect
+abort | untick O.chkTreatments | go | open | slide D.hsbBelief(0) 50 | click D.cmdTests | ok Diagnosis was incorrect
 T.tmrClock T.tmrHealth T.tmrHealthMonitor disabled
 @start
 # Without a treatment stage every diagnosis ends the patient, always as a wrong one: the dialog goes, the evaluation is
 # made, then the box comes, then the page turns.
-new none None | click T.cmdDiagnosis | D.cmdDiagnose = Finish Diagnosis | click D.cmdDiagnose | D shown | row 0 Aavo 100
-click D.cmdDiagnose | box.title = Results | D D.cmdCancel hidden | T.cmdNextPatient T.fraFeedback shown | T.lblAnswer = Aavo
-T.lblFinalDiagnosis = Aavo 100% | T.tabTavix = 1 | T.tmrHealth.interval = 1 | patients(0).status = Diagnosed Wrong
-patientSaved = false | wait 1000 | health = 750 | ok Diagnosis was incorrect | T.tabTavix = 2 | T.fraTreatment hidden
-T.fraHypothesis(0) D.cmdCancel shown | T.cmdNextPatient focused | next | T.tmrHealth.interval = 62
+new none None | open | D.cmdDiagnose = Finish Diagnosis | row 0 Aavo 100 | click D.cmdDiagnose | box.title = Results
+D D.cmdCancel hidden | T.cmdNextPatient T.fraFeedback shown | T.tabTavix = 1 | T.tmrHealth.interval = 1
+patients(0).status = Diagnosed Wrong | patientSaved = false | wait 1000 | health = 750 | ok Diagnosis was incorrect
+T.tabTavix = 2 | T.fraTreatment hidden | D.cmdCancel shown | T.cmdNextPatient focused | next | T.tmrHealth.interval = 62
 @start
 # Looking at the dialog after the trial: beside the main screen, with the beliefs as the score took them, nothing to be
 # changed, and buttons that do no more than hide it. The next patient takes it away.
-new look Options | tick O.chkShowNormalize | tick O.chkUseNormalize | click O.cmdStart | click T.cmdDiagnosis | row 0 Brill 40
-add 1 Aavo 40 | click D.cmdTests | tab T.tabTavix 0 | die | T.cmdViewNorm shown | T.lblDiseaseBelief T.lblDiagnosisBelief = 0.40
-T.lblDiseaseNormalized T.lblDiagNormalized = 0.50 | click T.cmdViewNorm | D shown | D.hsbBelief(0) = 50 | D.lblBelief(1) = 0.50
-D.fraHypothesis(0) D.fraHypothesis(3) disabled | D.cmdAdd(0) hidden | click T.cmdViewNorm | tab T.tabTavix 2 | click D.cmdTests
-D hidden | T.tabTavix = 2 | click T.cmdViewNorm | click D.cmdDiagnose | D hidden | click T.cmdViewNorm | click D.cmdCancel
-D hidden | D.hsbBelief(0) = 50 | diagnosisCount = 1 | savedBeliefs = [40,40,0] | T.hsbBelief(0) = 40 | click T.cmdViewNorm
-next | D hidden | isLoaded = false | die | T.cmdViewNorm shown | click T.cmdViewNorm | DiagnosisCount = 1
-D.hsbBelief(0) hidden | D.cmdTests enabled | next | D hidden
+new look Options | tick O.chkShowNormalize | tick O.chkUseNormalize | click O.cmdStart | open | row 0 Brill 40 | add 1 Aavo 40
+click D.cmdTests | die | T.cmdViewNorm shown | T.lblDiseaseBelief = 0.40 | T.lblDiseaseNormalized = 0.50
+click T.cmdViewNorm | D.lblBelief(1) = 0.50 | D.fraHypothesis(0) D.fraHypothesis(3) disabled | D.cmdAdd(0) hidden
+tab T.tabTavix 2 | click D.cmdTests | D hidden | T.tabTavix = 2 | click T.cmdViewNorm | click D.cmdDiagnose | D hidden
+click T.cmdViewNorm | click D.cmdCancel | D hidden | D.hsbBelief(0) = 50 | diagnosisCount = 1 | savedBeliefs = [40,40,0]
+click T.cmdViewNorm | next | D hidden | isLoaded = false | die | click T.cmdViewNorm | DiagnosisCount = 1 | next | D hidden

@@ -1,38 +1,31 @@
 # Two people, no cycling: who comes next is drawn until somebody untreated comes up, fifty times at most; when all are
 # through, the moderator is asked.
 @setting Moderated CyclePatients=no
-new kim Moderated 0x9 0.495 0 0.5x3
-patientCount = 2 | currentPatient = 0 | patientsSeen trialNumber = 1 | patients(0).status = Under Surveillance
-patients(1).status = Untreated | patients(0).guess = None | T.lblPatientName = Anna Bell | T.lblAge = 34
-T.lblGender = Female | T.lblHeight = 5'5" | T.lblWeight = 140 lbs | T.imgPatient = anna.png
+new kim Moderated 0x9 0.495 0 0.5x3 | currentPatient = 0 | patientsSeen trialNumber = 1 | T.imgPatient = anna.png
+patients(0).status = Under Surveillance | patients(1).status = Untreated | patients(0).guess = None
 # 75.0 points fall by 5 tenths a tick of 62 ms: dead at the 150th
 draw 0x149 | wait 9299 | draw 0.01 | wait 1 | box.title = Results | ok Patient Anna Bell has died | patients(0).status = Dead
 # fifty draws that hit the dead: no new case, the labels and the number of the trial stay, the trial runs
-next 0x50 | box.title = "" | currentPatient = 0 | patientsSeen = 1 | ok Could not retrieve patient info
-trialNumber = 1 | T.lblPatientName = Anna Bell | patients(0).status = Dead | health = 750 | T.cmdIssue enabled
-die
+next 0x50 | box.title = "" | ok Could not retrieve patient info | currentPatient = 0 | patientsSeen trialNumber = 1
+patients(0).status = Dead | health = 750 | T.cmdIssue enabled | die
 # the fiftieth draw finds the other one
-next 0x49 0.5 0 0.5x3 | currentPatient = 1 | patientsSeen trialNumber = 2 | T.lblPatientName = Karl Dorn
-T.lblAge = 61 | T.lblGender = Male | T.lblHeight = 5'10" | T.lblWeight = 180 lbs | T.imgPatient = karl.png
-diagnose Brill | die
+next 0x49 0.5 0 0.5x3 | patientsSeen trialNumber = 2 | T.lblPatientName = Karl Dorn | T.lblAge = 61 | T.lblGender = Male
+T.lblHeight = 5'10" | T.lblWeight = 180 lbs | T.imgPatient = karl.png | diagnose Brill | die
 # all are through: asked only now; the guess of the last cycle stays
-next 0.99 0.995 0.5x3 | box.title = All Patients Diagnosed | patientsSeen = 2
-box = Please alert moderator to click Yes to cycle again or No to quit
+next 0.99 0.995 0.5x3 | patientsSeen = 2
 box
-> {"title":"All Patients Diagnosed","text":"Please alert moderator to click Yes to cycle again or No to quit",*
+> {"title":"All Patients Diagnosed","text":"Please alert moderator to click Yes to cycle again or No to quit","buttons":["Yes",*
 answer Yes | patientsSeen currentPatient = 1 | trialNumber = 3 | patients(0).status = Untreated
-patients(1).status = Under Surveillance | patients(1).guess = Brill 1% | patients(1).disease = Corvex | die
-next 0 0 0.5x3 | die | trialNumber = 4 | patientsSeen = 2
+patients(1).guess = Brill 1% | patients(1).disease = Corvex
 @start ends
-# The subject comes back in other letters: the number of the trial goes on. No ends the program with no further row.
-back KIM Moderated 0 0 0.5x3 | trialNumber = 5 | die | next 0.99 0 0.5x3 | die | next
+# Back the next day: the number of the trial goes on. No ends the program with no further row.
+back KIM Moderated 0 0 0.5x3 | die | next 0.99 0 0.5x3 | die | next
 sql SELECT Trial, PatientID, TestResults, Disease, Result FROM dataTrial
 > *
 > 1,1,000100,Aavo,Dead
 > 1,1,000100,Aavo,
 > 2,2,000100,Aavo,Dead
-> 3,2,000001,Corvex,Dead
-> 4,1,000100,Aavo,Dead
-> 5,1,100,Aavo,Dead
-> 6,2,100,Aavo,Dead
+> 3,2,000001,Corvex,
+> 4,1,100,Aavo,Dead
+> 5,2,100,Aavo,Dead
 answer No
