@@ -18,6 +18,10 @@ std::weak_ptr<engine::Connection> openDatabase(const std::string& filePassword, 
     return db;
 }
 
+Fault faultOf(const engine::Error& error, const std::string& where) {
+    return {error.number, "Error of the store: " + error.text + " (" + where + ")"};
+}
+
 }  // namespace store
 
 void closeDatabase() noexcept { db.reset(); }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/fault.h"
 #include "store/layer/engine.h"
 
 namespace store {
@@ -18,6 +19,10 @@ std::string path();
 /// Opens the file in place of the connection that was open, which is closed. What comes back expires with
 /// the connection. Failures are engine errors.
 std::weak_ptr<engine::Connection> openDatabase(const std::string& filePassword, engine::Access access);
+
+/// A failure that ends the run. Its number is the engine's, and some of these are numbers of other faults
+/// too (11, 13), so the text says whose it is. `where` is the table or what was done.
+Fault faultOf(const engine::Error& error, const std::string& where);
 
 }  // namespace store
 

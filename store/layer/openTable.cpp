@@ -46,7 +46,7 @@ Connection openWithPathAlone() {
     try {
         return store::openDatabase({}, engine::Access::Write);
     } catch (const engine::Error& error) {
-        throw Fault{error.number, error.text};
+        throw store::faultOf(error, "opened without its password");
     }
 }
 

@@ -93,7 +93,7 @@ void RecordSet::load() {
     try {
         rows = engine::query(database(), dialect::withRowNumber(source)).rows;
     } catch (const engine::Error& error) {
-        throw Fault{error.number, error.text};
+        throw store::faultOf(error, table);
     }
     loaded = true;
 }
@@ -143,7 +143,7 @@ void RecordSet::Update() {
         engine::execute(database(), "COMMIT");
         engine::execute(database(), "BEGIN EXCLUSIVE");
     } catch (const engine::Error& error) {
-        throw Fault{error.number, error.text + " (" + table + ")"};
+        throw store::faultOf(error, table);
     }
     mode = Mode::Browsing;
 }
