@@ -1,11 +1,10 @@
-// What a run loads from its store: options, words, the model's tables and the subject's last trial.
+// What a run loads from its store: options, words and the model's tables.
 #include <algorithm>
 
 #include "forms/frmLogin.h"
 #include "forms/frmTavix.h"
 #include "forms/registry.h"
 #include "knowledge/modDisease.h"
-#include "knowledge/modPatient.h"
 #include "knowledge/modTests.h"
 #include "knowledge/termOrders.h"
 #include "store/loading/modAppLoad.h"
@@ -70,10 +69,7 @@ TEST_F(Load, EachColumnHasItsOwnFlagAndField) {
 }
 
 TEST_F(Load, OptionsThatCannotBeTaken) {
-    study.change("UPDATE tblAppDefault SET TreatmentProperty = -2");
-    EXPECT_THROW(modAppLoad::loadOptions(), ProgramEnded);
-    EXPECT_EQ(said(), "|Error in TreatmentProperty of options in database file, table tblAppDefault");
-    study.change("UPDATE tblAppDefault SET TreatmentProperty = NULL, SimRate = NULL");
+    study.change("UPDATE tblAppDefault SET SimRate = NULL");
     EXPECT_FAULT(modAppLoad::loadOptions(), InvalidUseOfNull);
     study.change("ALTER TABLE tblAppDefault RENAME TO kept");
     study.change("CREATE TABLE tblAppDefault AS SELECT Setting, TestLengthSetting, 4 AS Time FROM kept");
@@ -144,14 +140,6 @@ TEST_F(Load, WordsAreDealtSymptomsFirstAndStored) {
     s.symptomCount = 4;
     EXPECT_FAULT(termOrders::recordTermOrders(), SubscriptOutOfRange);
     EXPECT_EQ(study.rows("SELECT count(*) FROM SubjectSettings"), "3");
-}
-
-TEST_F(Load, ASubjectGoesOnWithTheLastTrial) {
-    study.change(
-        "INSERT INTO dataTrial (Subject, Trial, Score) VALUES ('kim', 9, 100), ('KIM', 12, -7), "
-        "('kim', 10, 300), ('kim1', 20, 5)");
-    modPatient::loadPatients();
-    EXPECT_EQ(std::to_string(s.trialNumber.raw) + " " + Options.InitScore.text(), "12 -7");
 }
 
 TEST_F(Load, AnotherScenarioInMidRun) {

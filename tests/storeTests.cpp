@@ -123,14 +123,15 @@ TEST_F(Store, ReadsEditsAndFaults) {
 }
 
 TEST_F(Store, FailuresAskWithTheCallersStatusWhileTheFileIsFree) {
-    fs::rename(study.storePath(), study.storePath() + ".away");
+    const std::string away = study.storePath() + ".away";
+    fs::rename(study.storePath(), away);
     EXPECT_THROW(subjectCount(), Stopped);
     EXPECT_TRUE(boxes.at(0).starts_with("Problems opening table|Error 14: unable to open database file"));
     EXPECT_TRUE(boxes.at(0).ends_with("\r\nStatus was New User Check\r\nRetry?"));
-    EXPECT_FALSE(fs::exists(study.storePath())) << "opening never makes a file";
-    // Yes tries again, and the file may be there by then.
-    answer = [this] {
-        fs::rename(study.storePath() + ".away", study.storePath());
+    // Yes tries again, on a file that may be there by then; opening has made none.
+    answer = [&] {
+        EXPECT_FALSE(fs::exists(study.storePath()));
+        fs::rename(away, study.storePath());
         return Answer::Yes;
     };
     EXPECT_EQ(subjectCount(), 0);
