@@ -42,3 +42,15 @@ sql SELECT Action, ActionNum, substr(Input, 1, 4), Output FROM dataEvents WHERE 
 > AddSymptom,1,Tire,0
 > AddSymptom,2,x% [,0
 > RemoveSymptom,1,x% [,0
+@start ends
+# An apostrophe ends the text in the statement that marks the row: the line before is marked, the one behind is never
+# reached, and the question stands while the patient dies.
+new eve Plain | note fever | note can't | note cough | pick T.lstSymptoms 0 1 2 | click T.cmdRemove | removeCount = 2
+T.lstSymptoms = ["02) can't","03) cough"] | draw 0x200 | run 20000 until T.cmdNextPatient.visible = true | answer OK
+{box.title = Problems opening table | answer Yes | *2}box.title = Problems opening table
+sql SELECT Input, Deleted FROM dataEvents JOIN dataGetSymptoms USING (EventID) WHERE Subject = 'eve'
+> *
+> fever,6
+> can't,
+> cough,
+answer No
