@@ -1,5 +1,6 @@
 // Identifiers of events, and rows that cannot be written.
 #include "forms/frmTavix.h"
+#include "knowledge/modSymptom.h"
 #include "knowledge/modTests.h"
 #include "knowledge/modTreatments.h"
 #include "store/record/modAppRecord.h"
@@ -39,6 +40,16 @@ TEST_F(Record, AnEndWithoutItsStartEndsTheProgram) {
     study.change("INSERT INTO dataTrial (Subject, Trial) VALUES ('kim', 2), ('kim2', 3)");
     EXPECT_THROW(modAppRecord::recordTrialEnd(), ProgramEnded);
     EXPECT_EQ(said(), "Error post-recording trial|Trial start index somehow was not stored");
+}
+
+TEST_F(Record, AHundredNotesAreHeldAndTheLastPrefixIsOneTooWide) {
+    modSymptom::resetSymptomNotes();
+    for (int i = 1; i < 100; ++i) addItem(f.lstSymptoms, "xx) n");
+    for (const char* note : {"last", "one more"}) modSymptom::addSymptomNote(note, false);
+    EXPECT_EQ(said(), "|Cannot add more than 100 items.  Please delete some first");
+    modSymptom::removeSelectedNotes();  // numbers anew, also without a selection
+    EXPECT_EQ(f.lstSymptoms.items.at(8) + f.lstSymptoms.items.back(), "09) n100)  last");
+    EXPECT_EQ(study.rows("SELECT ListItem FROM dataGetSymptoms"), "last");
 }
 
 TEST_F(Record, TheLengthOfATestIsRoundedToMinutes) {
