@@ -5,6 +5,7 @@
 #include "knowledge/modTreatments.h"
 #include "store/record/modAppRecord.h"
 #include "tests/stage.h"
+#include "trial/course/modClock.h"
 
 namespace {
 
@@ -52,19 +53,29 @@ TEST_F(Record, AHundredNotesAreHeldAndTheLastPrefixIsOneTooWide) {
     EXPECT_EQ(study.rows("SELECT ListItem FROM dataGetSymptoms"), "last");
 }
 
-TEST_F(Record, TheLengthOfATestIsRoundedToMinutes) {
-    s.tests.renew(3);
+TEST_F(Record, ATestIsDueOnTheDial) {
+    s.testTypeCount = 3;
     s.symptomFindings.renew(3);
-    s.clockHour = 11;
-    const auto due = [this](const char* length) {
-        s.clockMinute = 50;
+    const auto issued = [this](int hour, int minute, const char* length) {
+        s.tests.renew(3);
+        s.testCount = 0;
+        s.clockHour = hour;
+        s.clockMinute = minute;
         setCaption(f.lblTestTime[2], length);
-        return modTests::issueTest(2);
+        const std::string eta = modTests::issueTest(2);
+        int ticks = 0;
+        while (!s.tests[2].completed && ++ticks < 1000) {
+            modClock::tickClock();
+            modTests::checkTests();
+        }
+        return eta + " after " + std::to_string(ticks);
     };
-    EXPECT_EQ(due("10"), "12:00");
-    EXPECT_EQ(due("130x"), "02:00");
-    EXPECT_EQ(due("3.5"), "11:54");
-    EXPECT_EQ(due("none"), "11:50");
+    EXPECT_EQ(issued(12, 30, "30"), "01:00 after 30");
+    EXPECT_EQ(issued(12, 50, "45"), "01:35 after 45");
+    EXPECT_EQ(issued(11, 50, "130x"), "02:00 after 130");
+    EXPECT_EQ(issued(1, 10, "720"), "01:10 after 720");
+    EXPECT_EQ(issued(3, 0, "3.5"), "03:04 after 4");
+    EXPECT_EQ(issued(1, 59, "none"), "01:59 after 60");
 }
 
 // Only a treatment's row that cannot be written is a matter of a box: the run goes on, and the file is free.
