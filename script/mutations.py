@@ -58,7 +58,7 @@ m('T16', 'store/layer/schema.cpp', '{{"H", "", "belief of the row in percent", 6
 m('T18', 'store/record/Options.cpp', 'FlagColumn{"ViewBaseRates", &OptionsRecord::ViewBaseRates}', 'FlagColumn{"ViewBaseRates", &OptionsRecord::ViewSymptomDisease}', 'each column its own flag')
 m('T20', 'store/layer/dialect.cpp', "if (c == '%' || c == '_' || c == '\\\\') result += '\\\\';", "if (c == '%' || c == '\\\\') result += '\\\\';", 'an underscore stands for itself')
 # ---- trial
-m('R02', 'trial/run/evaluation.cpp', 'Options.UseNormalizeScore && !Options.Normalize', 'Options.UseNormalizeScore', 'beliefs that the commits normalise are not normalised again at the end')
+m('R02', 'trial/run/evaluation.cpp', 'Options.UseNormalizeScore && !Options.Normalize', 'static_cast<bool>(Options.UseNormalizeScore)', 'beliefs that the commits normalise are not normalised again at the end')
 m('R04', 'trial/run/evaluation.cpp', '    chargeTests();\n    sumUp();\n', '    if (trialState.patients[trialState.currentPatient].status != endings::aborted) chargeTests();\n    sumUp();\n', "an aborted patient's tests are charged")
 m('R06', 'trial/run/evaluation.cpp', 'round16(toNumber(e.testScoreText) - toNumber(e.penaltyCalcText))', 'round16(toNumber(e.testScoreText) - trialState.penalty)', 'the change on show uses the whole penalty')
 m('R08', 'store/loading/modAppLoad.cpp', '+ "ORDER BY [tblAppDefault.Setting]"', '+ ""', 'the sign-in list is sorted (its place indexes the rates)')

@@ -1,10 +1,8 @@
-// The controls as records, the windows in front of each other, and what a person can do to them.
+// The controls as records, and the windows in front of each other.
 #include "forms/frmDiagnosis.h"
 #include "forms/frmLogin.h"
 #include "forms/frmNewSubject.h"
-#include "forms/frmOptions.h"
 #include "forms/frmTavix.h"
-#include "forms/person.h"
 #include "forms/registry.h"
 #include "forms/windows.h"
 #include "platform/host.h"
@@ -30,7 +28,6 @@ protected:
 
 TEST_F(Forms, ControlsAreFoundByTheirFullNames) {
     EXPECT_EQ(registry::find("frmTavix.fraDiagnose(1)"), &frmTavix.fraDiagnose1);
-    EXPECT_EQ(registry::find("frmOptions"), &frmOptions.form);
     EXPECT_EQ(registry::find("frmTavix.optTest(6)"), nullptr);
     EXPECT_FAULT(frmTavix.hsbBelief[4], SubscriptOutOfRange);
     for (Control* control : allControls()) EXPECT_EQ(registry::find(fullName(*control)), control);
@@ -96,10 +93,9 @@ TEST_F(Forms, UnloadingPutsTheDesignBackAndKeepsTheHandlers) {
 TEST_F(Forms, WhatStandsInFrontTakesTheInput) {
     Control& prescribe = frmTavix.cmdPrescribe;
     windows::show(frmTavix.form);
-    EXPECT_EQ(windows::refusal(prescribe), "frmTavix.cmdPrescribe is hidden");
     setVisible(frmTavix.tabTavix, true);
+    EXPECT_EQ(windows::refusal(prescribe), "frmTavix.cmdPrescribe is hidden");
     setVisible(frmTavix.fraTreatment, true);
-    EXPECT_EQ(windows::refusal(prescribe), "");
     setEnabled(frmTavix.fraTreatment, false);
     EXPECT_EQ(windows::refusal(prescribe), "frmTavix.cmdPrescribe is disabled");
     windows::setFocus(frmTavix.cmdIssue);
@@ -123,29 +119,6 @@ TEST_F(Forms, WhatStandsInFrontTakesTheInput) {
     EXPECT_TRUE(windows::hasFocus(frmTavix.cmdIssue));
     windows::show(frmLogin.form);
     EXPECT_TRUE(windows::hasFocus(frmLogin.cboType)) << "a form comes up again where it was left";
-}
-
-TEST_F(Forms, APersonActsThroughTheRulesOfTheControl) {
-    windows::show(frmLogin.form);
-    Control& box = frmLogin.txtName;
-    box.on.key = [](int code) { return code != 'x'; };
-    person::type(box, "axb\xC3\xA4");
-    EXPECT_EQ(box.text, "ab\xC3\xA4");
-    person::key(box, 8);
-    person::mark(box, 0, 1);
-    person::key(box, 'Q');
-    EXPECT_EQ(box.text + std::to_string(box.selStart), "Qb1");
-    person::paste(box, "xx");
-    EXPECT_EQ(box.text, "xx");
-    EXPECT_THROW(person::press(frmLogin.cmdOk), Refused);
-    windows::show(frmTavix.form);
-    setVisible(frmTavix.tabTavix, true);
-    person::press(frmTavix.cmdDiagnosis);
-    EXPECT_EQ(frmTavix.tabTavix.value, 1) << "the way to a control leads over its page";
-    EXPECT_THROW(person::turnTo(frmTavix.tabTavix, 3), Refused);
-    EXPECT_THROW(person::slide(frmTavix.hsbBelief[0], 5), Refused);
-    person::type(frmTavix.txtIntro, "x");
-    EXPECT_EQ(frmTavix.txtIntro.text, "") << "an introduction is for reading";
 }
 
 }  // namespace

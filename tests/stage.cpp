@@ -11,10 +11,7 @@ Logic::Logic() {
     h.waitWhile = [](const std::function<bool()>&) {};
     h.messageBox = [this](const MessageBox& box) {
         boxes.push_back(box);
-        if (answers.empty()) return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
-        const Answer answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
     };
     h.yield = [] {};
     h.milliseconds = [this] { return now; };
@@ -22,7 +19,7 @@ Logic::Logic() {
     h.timeOfDay = [] { return "09:30:00"; };
     h.programFolder = [this] { return study.folder; };
     h.loadPicture = files::checkPicture;
-    h.endProgram = [](int status) { throw ProgramEnded{status}; };
+    h.endProgram = [](int) { throw ProgramEnded(); };
 }
 
 std::string Logic::said() {

@@ -1,9 +1,8 @@
 // What the tests of the logic stand on: a study with a store, a host whose time stands still unless moved and
-// whose message boxes are kept and answered as told, and a scenario in memory for those who need no store.
+// whose message boxes are kept and answered with OK or Yes, and a scenario in memory.
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <exception>
 #include <initializer_list>
 #include <string>
@@ -14,10 +13,7 @@
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
 
-struct ProgramEnded : std::exception {
-    int status;
-    explicit ProgramEnded(int its) : status(its) {}
-};
+struct ProgramEnded : std::exception {};
 
 /// The run is put back to its start for each.
 class Logic : public testing::Test {
@@ -25,9 +21,8 @@ protected:
     Logic();
 
     TemporaryStudy study;
-    std::vector<MessageBox> boxes;  ///< all that were shown
-    std::deque<Answer> answers;     ///< of the boxes to come; Yes, or OK, when there are none
-    std::uint32_t now = 0;          ///< milliseconds
+    std::vector<MessageBox> boxes;
+    std::uint32_t now = 0;  ///< milliseconds
     TrialState& s = trialState;
 
     /// The boxes since the last call, each as its title, "|" and its text, parted by "/".

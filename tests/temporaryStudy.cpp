@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -16,16 +15,11 @@
 
 namespace {
 
-/// Made once: stores of one program have one salt then, and the key is derived once.
-const std::string& freshStore() {
-    static const std::string bytes = [] {
-        const TemporaryStudy study(false);
-        for (const std::string& problem :
-             createStore::create(TAVIX_TESTS "/tables", study.storePath(), false))
-            ADD_FAILURE() << problem;
-        return files::read(study.storePath());
-    }();
-    return bytes;
+std::string freshStore() {
+    const TemporaryStudy study(false);
+    for (const std::string& problem : createStore::create(TAVIX_TESTS "/tables", study.storePath(), false))
+        ADD_FAILURE() << problem;
+    return files::read(study.storePath());
 }
 
 std::string shown(const engine::Value& value) {
@@ -42,7 +36,10 @@ TemporaryStudy::TemporaryStudy(bool withStore) {
     folder = mkdtemp(pattern.data());
     std::filesystem::create_directory(folder + "/data");
     std::filesystem::create_directory_symlink(TAVIX_TESTS "/Patients", folder + "/Patients");
-    if (withStore) writeFile(storePath(), freshStore());
+    if (!withStore) return;
+    // Made once: stores of one program have one salt then, and the key is derived once.
+    static const std::string fresh = freshStore();
+    writeFile(storePath(), fresh);
 }
 
 TemporaryStudy::~TemporaryStudy() { std::filesystem::remove_all(folder); }
@@ -70,8 +67,7 @@ void writeFile(const std::string& path, const std::string& bytes) {
 std::string outputOf(const std::string& command) {
     std::string output;
     FILE* pipe = popen(command.c_str(), "r");
-    std::array<char, 4096> piece{};
-    while (pipe != nullptr && fgets(piece.data(), piece.size(), pipe) != nullptr) output += piece.data();
-    if (pipe != nullptr) pclose(pipe);
+    for (int c = fgetc(pipe); c != EOF; c = fgetc(pipe)) output += static_cast<char>(c);
+    pclose(pipe);
     return output;
 }

@@ -14,7 +14,7 @@ struct TemporaryStudy {
 
     [[nodiscard]] std::string storePath() const { return folder + "/data/TavixData.mdb"; }
 
-    /// Runs a statement on the store; the engine's own, past the store's layer.
+    /// Runs a statement of the engine on the store.
     void change(const std::string& statement) const;
 
     /// The rows of a selection: fields parted by "|", rows by "/", and "-" for what is empty.
