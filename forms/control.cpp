@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/lineBreaks.h"
 #include "platform/fault.h"
 #include "platform/text.h"
 
@@ -101,21 +102,28 @@ void setPicture(Control& picture, const std::string& path) {
 }
 
 void setTextTyped(Control& control, const std::string& text, int cursor) {
-    if (control.text == text) return;
+    const bool isNew = control.text != text;
     control.text = text;
     control.selStart = cursor;
     control.selLength = 0;
-    tellWatchers(control, Property::Text);
-    run(control.on.change);
+    tellWatchers(control, isNew ? Property::Text : Property::Selection);
+    if (isNew) run(control.on.change);
 }
 
-void setText(Control& control, const std::string& text) { setTextTyped(control, text, text::length(text)); }
+void setText(Control& control, const std::string& text) {
+    if (control.text != text) setTextTyped(control, text, text::length(text));
+}
 
-void select(Control& textBox, int start, int length) {
-    const int whole = text::length(textBox.text);
-    textBox.selStart = std::clamp(start, 0, whole);
-    textBox.selLength = std::clamp(length, 0, whole - textBox.selStart);
-    tellWatchers(textBox, Property::Selection);
+void select(Control& control, int start, int length) {
+    const int whole = text::length(control.text);
+    int from = std::clamp(start, 0, whole);
+    int to = from + std::clamp(length, 0, whole - from);
+    const bool isCursor = to == from;
+    if (lineBreaks::isInside(control.text, to)) ++to;
+    if (lineBreaks::isInside(control.text, from)) from += isCursor ? 1 : -1;
+    control.selStart = from;
+    control.selLength = to - from;
+    tellWatchers(control, Property::Selection);
 }
 
 void selectAll(Control& textBox) { select(textBox, 0, text::length(textBox.text)); }

@@ -88,8 +88,8 @@ struct Control {
     bool enabled = true;
     std::string caption;
     std::string text;   ///< of text and combo boxes; of a picture the path of its file
-    int selStart = 0;   ///< text boxes, in characters
-    int selLength = 0;  ///< text boxes, in characters
+    int selStart = 0;   ///< text and combo boxes, in characters
+    int selLength = 0;  ///< text and combo boxes, in characters
     std::vector<std::string> items;
     std::vector<bool> selected;  ///< lists: one for each item
     Int16 value;                 ///< tick box 0 or 1, option button 0 or 1, scroll bar, page of a tab control
@@ -98,6 +98,7 @@ struct Control {
     Int16 max;
     Int32 interval;                      ///< timers, milliseconds
     std::array<std::string, 2> columns;  ///< charts
+    bool closesAnyTime = false;          ///< forms whose window button works behind a modal form too
     bool modal = false;                  ///< forms on show
     Control* active = nullptr;           ///< forms: the control that has the focus
 
@@ -146,11 +147,13 @@ void setPicture(Control& picture, const std::string& path);
 
 /// Text of a text or combo box; runs its change handler. The cursor goes to the end of the text.
 void setText(Control& control, const std::string& text);
-/// The same with the cursor where the person has it, in characters.
+/// The same as the person does it: with the cursor where the person has it, in characters, which goes there
+/// with a text that stays the same too.
 void setTextTyped(Control& control, const std::string& text, int cursor);
 
-/// Selection in a text box, in characters; what lies outside the text is cut.
-void select(Control& textBox, int start, int length);
+/// Selection in a text or combo box, in characters, or the cursor without a length. What lies outside the
+/// text is cut; a line break that is selected half is selected whole.
+void select(Control& control, int start, int length);
 void selectAll(Control& textBox);
 std::string selectedText(const Control& textBox);
 /// Puts `text` in the place of what is selected in a text or combo box, or at the cursor, and the cursor

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace {
 
 std::vector<Control*>& enrolled() {
@@ -46,6 +48,7 @@ Control& place(Container in, Named named, Kind kind, const Box& box, const std::
     control.box = box;
     const bool hasText = kind == Kind::TextBox || kind == Kind::ComboBox;
     (hasText ? control.text : control.caption) = text;
+    if (hasText) control.selStart = text::length(text);
     return control;
 }
 

@@ -305,7 +305,7 @@ void designDevelopment(FrmTavix& f) {
 
 void designFrmTavix() {
     FrmTavix& f = frmTavix;
-    design::form(f.form, "frmTavix", "Tavix", 15495, 11280);
+    design::form(f.form, "frmTavix", "Tavix", 15495, 11280).closesAnyTime = true;
     designStatusLine(f);
     Control& tabs = design::place({&f.form}, NAMED(f, tabTavix), Kind::TabControl, {120, 1080, 7575, 9255});
     tabs.visible = false;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/keys.h"
+#include "forms/lineBreaks.h"
 #include "forms/windows.h"
 #include "platform/text.h"
 
@@ -9,22 +11,16 @@ namespace person {
 
 namespace {
 
-constexpr int backspaceKey = 8;
-constexpr int enterKey = 13;
-constexpr int spaceKey = 32;
-
 void run(const std::function<void()>& handler) {
     if (handler) handler();
 }
 
-void mustBe(const Control& control, std::initializer_list<Kind> kinds, const char* what) {
-    if (std::find(kinds.begin(), kinds.end(), control.kind) == kinds.end()) {
-        throw Refused{fullName(control) + " is no " + what};
-    }
-}
-
 bool isWritable(const Control& control) {
     return (control.kind == Kind::TextBox && !control.readOnly) || control.kind == Kind::ComboBox;
+}
+
+void mustHoldText(const Control& control, const char* what) {
+    must::be(control, {Kind::TextBox, Kind::ComboBox}, what);
 }
 
 void turnToPageOf(const Control& control) {
@@ -35,20 +31,20 @@ void turnToPageOf(const Control& control) {
 
 void eraseBackward(Control& control) {
     if (control.selLength == 0) {
-        if (control.selStart == 0) return;
-        --control.selStart;
-        control.selLength = 1;
+        control.selLength = lineBreaks::lengthBefore(control.text, control.selStart);
+        control.selStart -= control.selLength;
+        if (control.selLength == 0) return;
     }
     replaceSelection(control, {});
 }
 
-void insert(Control& control, const std::string& character, int code) {
-    if (code == backspaceKey) {
-        eraseBackward(control);
-    } else if (code == enterKey) {
-        if (control.multiLine) replaceSelection(control, "\r\n");
-    } else {
-        replaceSelection(control, character);
+void write(Control& control, int code) {
+    switch (code) {
+        case keys::backspace: eraseBackward(control); break;
+        case keys::enter:
+            if (control.multiLine) replaceSelection(control, lineBreaks::held("\n"));
+            break;
+        default: replaceSelection(control, text::fromCode(static_cast<char32_t>(code)));
     }
 }
 
@@ -57,37 +53,56 @@ void act(Control& control) {
         case Kind::TickBox: setValue(control, isTicked(control) ? 0 : 1); break;
         case Kind::OptionButton: setValue(control, 1); break;
         case Kind::ComboBox: break;  // only taking an item counts
+        case Kind::Label: break;     // only a double click counts
         default: run(control.on.click);
     }
 }
 
+/// Enter presses buttons, the space bar boxes too; either asks for what a label shows on a double click.
 bool isPressedBy(const Control& control, int code) {
-    if (code == enterKey) return control.kind == Kind::Button;
-    const bool presses =
-        control.kind == Kind::Button || control.kind == Kind::TickBox || control.kind == Kind::OptionButton;
-    return presses && code == spaceKey;
+    switch (control.kind) {
+        case Kind::Button: return code == keys::enter || code == keys::space;
+        case Kind::TickBox:
+        case Kind::OptionButton: return code == keys::space;
+        case Kind::Label: return control.on.doubleClick && (code == keys::enter || code == keys::space);
+        default: return false;
+    }
 }
 
 /// The key's handler first, then what the control itself does with the key.
-void actOnKey(Control& control, const std::string& character, int code) {
-    if (control.on.key && !control.on.key(code)) return;
+bool actOnKey(Control& control, int code) {
+    if (control.on.key && !control.on.key(code)) return true;
     if (isWritable(control)) {
-        insert(control, character, code);
-    } else if (isPressedBy(control, code)) {
-        act(control);
+        write(control, code);
+        return true;
     }
+    if (!isPressedBy(control, code)) return false;
+    act(control);
+    if (control.kind == Kind::Label) run(control.on.doubleClick);
+    return true;
 }
 
 /// Code of the key that writes this character; a line break is Enter.
 int keyFor(const std::string& character) {
-    return character == "\n" ? enterKey : static_cast<int>(text::codeOf(character));
+    return character == "\n" ? keys::enter : static_cast<int>(text::codeOf(character));
+}
+
+std::string asHeldBy(const Control& control, const std::string& text) {
+    return control.multiLine ? lineBreaks::held(text) : text;
+}
+
+void takeItem(Control& control, int index) {
+    if (control.kind == Kind::ComboBox) {
+        setListIndex(control, index);
+    } else {
+        pick(control, {index});
+    }
 }
 
 }  // namespace
 
 void reach(Control& control) {
-    const std::string reason = windows::refusal(control);
-    if (!reason.empty()) throw Refused{reason};
+    must::takeInput(control);
     turnToPageOf(control);
     windows::setFocus(control);
 }
@@ -97,94 +112,108 @@ void press(Control& control) {
     act(control);
 }
 
-void doublePress(Control& control) {
-    press(control);
+void pressAgain(Control& control) {
+    reach(control);
     run(control.on.doubleClick);
 }
 
-void key(Control& control, int code) {
+void doublePress(Control& control) {
+    press(control);
+    if (windows::refusal(control).empty()) pressAgain(control);
+}
+
+bool key(Control& control, int code) {
     reach(control);
-    actOnKey(control, text::fromCode(static_cast<char32_t>(code)), code);
+    return actOnKey(control, code);
 }
 
 void type(Control& control, const std::string& text) {
-    mustBe(control, {Kind::TextBox, Kind::ComboBox}, "box to type in");
+    mustHoldText(control, "box to type in");
     reach(control);
     select(control, 0, text::length(control.text));
     if (text.empty() && isWritable(control)) replaceSelection(control, {});
     for (int i = 0; i < text::length(text) && windows::refusal(control).empty(); ++i) {
-        const std::string character = text::mid(text, i, 1);
-        actOnKey(control, character, keyFor(character));
+        actOnKey(control, keyFor(text::mid(text, i, 1)));
     }
 }
 
 void paste(Control& control, const std::string& text) {
-    mustBe(control, {Kind::TextBox, Kind::ComboBox}, "box to paste into");
+    mustHoldText(control, "box to paste into");
     reach(control);
-    if (isWritable(control)) setText(control, text);
+    const std::string held = asHeldBy(control, text);
+    if (isWritable(control)) setTextTyped(control, held, text::length(held));
+}
+
+void edit(Control& control, const std::string& seenText, int cursor) {
+    mustHoldText(control, "box to write in");
+    reach(control);
+    const std::string held = asHeldBy(control, seenText);
+    if (isWritable(control)) setTextTyped(control, held, lineBreaks::heldPosition(held, cursor));
 }
 
 void choose(Control& control, const std::string& item) {
-    mustBe(control, {Kind::ComboBox, Kind::ListBox}, "list");
+    must::be(control, {Kind::ComboBox, Kind::ListBox}, "list");
     reach(control);
-    const int index = findItem(control, item);
-    if (index < 0) throw Refused{fullName(control) + " has no item \"" + item + "\""};
-    if (control.kind == Kind::ComboBox) {
-        setListIndex(control, index);
-    } else {
-        pick(control, {index});
-    }
+    takeItem(control, must::findItem(control, item));
+}
+
+void chooseLine(Control& comboBox, int line) {
+    must::be(comboBox, {Kind::ComboBox}, "combo box");
+    reach(comboBox);
+    must::haveLines(comboBox, {line});
+    takeItem(comboBox, line);
 }
 
 void pick(Control& list, const std::vector<int>& lines) {
-    mustBe(list, {Kind::ListBox}, "list");
+    must::be(list, {Kind::ListBox}, "list");
     reach(list);
-    for (const int line : lines) {
-        if (line < 0 || line >= static_cast<int>(list.items.size())) {
-            throw Refused{fullName(list) + " has no line " + std::to_string(line)};
-        }
-    }
-    if (lines.size() > 1 && !list.multiSelect) throw Refused{fullName(list) + " takes one line at a time"};
+    must::haveLines(list, lines);
     selectItems(list, lines);
     run(list.on.click);
 }
 
 void slide(Control& scrollBar, int value) {
-    mustBe(scrollBar, {Kind::ScrollBar}, "scroll bar");
+    must::be(scrollBar, {Kind::ScrollBar}, "scroll bar");
     reach(scrollBar);
-    if (value < scrollBar.min.toInt() || value > scrollBar.max.toInt()) {
-        throw Refused{fullName(scrollBar) + " goes from " + std::to_string(scrollBar.min.toInt()) + " to " +
-                      std::to_string(scrollBar.max.toInt())};
-    }
+    must::haveValue(scrollBar, value);
     setValue(scrollBar, value);
 }
 
+void step(Control& scrollBar, int steps) {
+    const int wanted = scrollBar.value.toInt() + steps * scrollBar.smallChange;
+    slide(scrollBar, std::clamp(wanted, scrollBar.min.toInt(), scrollBar.max.toInt()));
+}
+
 void tick(Control& box, bool on) {
-    mustBe(box, {Kind::TickBox, Kind::OptionButton}, "box to tick");
+    must::be(box, {Kind::TickBox, Kind::OptionButton}, "box to tick");
     reach(box);
-    if (box.kind == Kind::OptionButton && !on) throw Refused{fullName(box) + " is left by choosing another"};
+    must::takeTick(box, on);
     setValue(box, on ? 1 : 0);
 }
 
 void mark(Control& textBox, int start, int length) {
-    mustBe(textBox, {Kind::TextBox}, "text box");
+    must::be(textBox, {Kind::TextBox}, "text box");
     reach(textBox);
     select(textBox, start, length);
 }
 
+void moveCursor(Control& control, int seenStart, int seenLength) {
+    mustHoldText(control, "box with a cursor");
+    must::takeInput(control);
+    const int start = lineBreaks::heldPosition(control.text, seenStart);
+    select(control, start, lineBreaks::heldPosition(control.text, seenStart + seenLength) - start);
+}
+
 void turnTo(Control& tabs, int page) {
-    mustBe(tabs, {Kind::TabControl}, "tab control");
+    must::be(tabs, {Kind::TabControl}, "tab control");
     reach(tabs);
-    if (page < 0 || page >= static_cast<int>(tabs.items.size())) {
-        throw Refused{fullName(tabs) + " has no page " + std::to_string(page)};
-    }
+    must::havePage(tabs, page);
     setValue(tabs, page);
 }
 
 void close(Control& form) {
-    mustBe(form, {Kind::Form}, "form");
-    if (!form.visible) throw Refused{fullName(form) + " is not on show"};
-    if (!form.on.close) throw Refused{fullName(form) + " has no window button"};
+    must::be(form, {Kind::Form}, "form");
+    must::close(form);
     form.on.close();
 }
 

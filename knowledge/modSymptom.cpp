@@ -1,6 +1,7 @@
 #include "knowledge/modSymptom.h"
 
 #include "forms/frmTavix.h"
+#include "forms/keys.h"
 #include "forms/windows.h"
 #include "platform/host.h"
 #include "platform/numberText.h"
@@ -18,8 +19,6 @@ constexpr int evidenceLimit = 100;  // the message names it as the maximum; the 
 constexpr int reasoningLimit = 50;
 constexpr int prefixLength = 4;  // "07) "; a fifth character from the hundredth note on is not allowed for
 constexpr int storedFlag = 6;    // any number but 0 marks
-constexpr int backspaceKey = 8;
-constexpr int enterKey = 13;
 
 std::string numbered(int position, const std::string& note) {
     return numberText::padded(position, 2) + ") " + note;
@@ -90,8 +89,8 @@ void noteReasoning() {
 }
 
 bool keyInReasoning(int code) {
-    if (text::length(frmTavix.txtReasoning.text) >= reasoningLimit && code != backspaceKey) return false;
-    if (code != enterKey) return true;
+    if (text::length(frmTavix.txtReasoning.text) >= reasoningLimit && code != keys::backspace) return false;
+    if (code != keys::enter) return true;
     noteReasoning();
     return false;
 }

@@ -1,11 +1,9 @@
 // Faces of buttons, tick boxes and option buttons.
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "qt/edge.h"
-#include "qt/eventHook.h"
+#include "forms/person.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
 #include "qt/look.h"
@@ -28,24 +26,18 @@ void setButtonText(QPushButton& button, const Control& control) {
     button.setText(broken == bare ? caption : geometry::brokenInTwo(caption, font, 0));
 }
 
-/// Keys pass the control's handler first; Enter presses a button as the space bar does.
-bool seeKey(QPushButton& button, const Control& control, const QKeyEvent& event) {
-    bool swallowed = false;
-    edge::run([&] { swallowed = swallowsKey(control, event); });
-    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!swallowed && enter) button.click();
-    return swallowed || enter;
-}
-
 template <class Box>
-Face checkable(Control& control, QWidget* parent, const std::function<void()>& press) {
+Face checkable(Control& control, QWidget* parent) {
     auto* box = new Box(parent);
     box->setAutoExclusive(false);
     const auto showValue = [box, &control] { box->setChecked(control.value != 0); };
-    edge::connect(box, &QAbstractButton::clicked, [press, showValue] {
-        press();
-        showValue();
-    });
+    const auto endsDoubleClick =
+        control.on.doubleClick ? hookDoubleClicks(box, control) : [] { return false; };
+    const auto press = [endsDoubleClick, &control] {
+        if (!endsDoubleClick()) person::press(control);
+    };
+    onPerson(box, &QAbstractButton::clicked, press, showValue);
+    hookKeys(box, control);
     const auto restyle = [box, &control] {
         const QFont font = look::font(control.look, geometry::scaleOf(control));
         const int mark = font.pixelSize() * 2;  // the box and its gap
@@ -70,13 +62,9 @@ Face button(Control& control, QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
     if (control.look.primary) button->setProperty("role", "primary");
-    edge::connect(button, &QPushButton::clicked, [&control] {
-        if (control.on.click) control.on.click();
-    });
-    hookEvents(button, [button, &control](QEvent* event) {
-        if (event->type() != QEvent::KeyPress) return false;
-        return seeKey(*button, control, *static_cast<QKeyEvent*>(event));
-    });
+    onPerson(
+        button, &QPushButton::clicked, [&control] { person::press(control); }, [] {});
+    hookKeys(button, control);
     const auto restyle = [button, &control] { setButtonText(*button, control); };
     return {button,
             [restyle](Property property) {
@@ -86,20 +74,8 @@ Face button(Control& control, QWidget* parent) {
             {}};
 }
 
-Face tickBox(Control& control, QWidget* parent) {
-    return checkable<QCheckBox>(control, parent,
-                                [&control] { setValue(control, isTicked(control) ? 0 : 1); });
-}
+Face tickBox(Control& control, QWidget* parent) { return checkable<QCheckBox>(control, parent); }
 
-Face optionButton(Control& control, QWidget* parent) {
-    Face face = checkable<QRadioButton>(control, parent, [&control] { setValue(control, 1); });
-    if (!control.on.doubleClick) return face;
-    hookEvents(face.widget, [&control](QEvent* event) {
-        if (event->type() != QEvent::MouseButtonDblClick) return false;
-        edge::run(control.on.doubleClick);
-        return true;
-    });
-    return face;
-}
+Face optionButton(Control& control, QWidget* parent) { return checkable<QRadioButton>(control, parent); }
 
 }  // namespace faces

@@ -5,9 +5,10 @@
 #include <QSlider>
 #include <QTabBar>
 #include <QWheelEvent>
+#include <memory>
 
+#include "forms/person.h"
 #include "platform/numberText.h"
-#include "qt/edge.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
@@ -32,16 +33,32 @@ void showSelection(QListWidget& list, const Control& control) {
     for (int i = 0; i < list.count(); ++i) list.item(i)->setSelected(isSelected(control, i));
 }
 
-void takeSelection(const QListWidget& list, Control& control) {
-    if (isShowing()) return;
-    edge::run([&] {
-        std::vector<int> lines;
-        for (int i = 0; i < list.count(); ++i) {
-            if (list.item(i)->isSelected()) lines.push_back(i);
-        }
-        selectItems(control, lines);
-        if (control.on.click) control.on.click();
+std::vector<int> selectedLines(const QListWidget& list) {
+    std::vector<int> lines;
+    for (int i = 0; i < list.count(); ++i) {
+        if (list.item(i)->isSelected()) lines.push_back(i);
+    }
+    return lines;
+}
+
+/// A line that is pressed is picked, also where it is selected already; once for each press.
+void hookPicks(QListWidget* list, Control& control, const std::function<void()>& show) {
+    const auto endsDoubleClick = hookDoubleClicks(list->viewport(), control);
+    const auto picked = std::make_shared<bool>(false);  // since the button went down
+    hookEvents(list->viewport(), [picked](QEvent* event) {
+        if (event->type() == QEvent::MouseButtonPress) *picked = false;
+        return false;
     });
+    const auto pick = [list, &control] { person::pick(control, selectedLines(*list)); };
+    const auto pickChanged = [pick, picked] {
+        *picked = true;
+        pick();
+    };
+    const auto pickPressed = [pick, picked, endsDoubleClick] {
+        if (!endsDoubleClick() && !*picked) pick();
+    };
+    onPerson(list, &QListWidget::itemSelectionChanged, pickChanged, show);
+    onPerson(list, &QListWidget::itemClicked, pickPressed, show);
 }
 
 void showRange(QSlider& slider, const Control& control) {
@@ -51,10 +68,14 @@ void showRange(QSlider& slider, const Control& control) {
 }
 
 /// One step a notch, whatever the desktop scrolls elsewhere.
-bool stepByWheel(QSlider& slider, const QWheelEvent& event) {
-    const int notches = event.angleDelta().y() / 120;
-    if (slider.isEnabled() && notches != 0) slider.setValue(slider.value() + notches * slider.singleStep());
-    return true;
+void hookWheel(QSlider* slider, Control& control) {
+    hookEvents(slider, [&control](QEvent* event) {
+        if (event->type() != QEvent::Wheel) return false;
+        const int notches =
+            static_cast<QWheelEvent*>(event)->angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
+        act([&control, notches] { person::step(control, notches); });
+        return true;
+    });
 }
 
 void showProgress(QProgressBar& bar, const Control& control) {
@@ -94,15 +115,8 @@ Face listBox(Control& control, QWidget* parent) {
     list->setWordWrap(!control.look.fixedWidth);
     list->setHorizontalScrollBarPolicy(control.look.fixedWidth ? Qt::ScrollBarAsNeeded
                                                                : Qt::ScrollBarAlwaysOff);
-    edge::connect(list, &QListWidget::itemSelectionChanged,
-                  [list, &control] { takeSelection(*list, control); });
-    // A press on the line that is selected already counts as well.
-    edge::connect(list, &QListWidget::itemClicked, [list, &control] { takeSelection(*list, control); });
-    // Wherever in the list: without a selected line the handler goes by what stands elsewhere.
-    hookEvents(list->viewport(), [&control](QEvent* event) {
-        if (event->type() == QEvent::MouseButtonDblClick) edge::run(control.on.doubleClick);
-        return event->type() == QEvent::MouseButtonDblClick;
-    });
+    hookPicks(list, control, [list, &control] { showSelection(*list, control); });
+    hookKeys(list, control);
     const auto fill = [list, &control] {
         showLines(*list, control);
         showSelection(*list, control);
@@ -121,13 +135,11 @@ Face meter(Control& control, QWidget* parent) {
     slider->setSingleStep(control.smallChange);
     slider->setPageStep(control.largeChange);
     slider->setFocusPolicy(Qt::StrongFocus);
-    edge::connect(slider, &QSlider::valueChanged, [&control](int value) {
-        if (!isShowing()) edge::run([&] { setValue(control, value); });
-    });
-    hookEvents(slider, [slider](QEvent* event) {
-        return event->type() == QEvent::Wheel && stepByWheel(*slider, *static_cast<QWheelEvent*>(event));
-    });
     const auto show = [slider, &control] { showRange(*slider, control); };
+    onPerson(
+        slider, &QSlider::valueChanged, [&control](int value) { person::slide(control, value); }, show);
+    hookWheel(slider, control);
+    hookKeys(slider, control);
     return {slider,
             [show](Property property) {
                 if (property == Property::Value || property == Property::Range) show();
@@ -165,10 +177,11 @@ Face tabs(Control& control, QWidget* parent) {
         page->lower();
         pages.pages.push_back(page);
     }
-    edge::connect(pages.bar, &QTabBar::currentChanged, [&control](int page) {
-        if (!isShowing()) edge::run([&] { setValue(control, page); });
-    });
     const auto turn = [pages, &control] { turnTo(pages, control.value.toInt()); };
+    // The first for the arrow keys, the second also for a press on the page that is up.
+    const auto take = [&control](int page) { person::turnTo(control, page); };
+    onPerson(pages.bar, &QTabBar::currentChanged, take, turn);
+    onPerson(pages.bar, &QTabBar::tabBarClicked, take, turn);
     return {whole,
             [turn](Property property) {
                 if (property == Property::Value) turn();

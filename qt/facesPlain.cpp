@@ -1,11 +1,9 @@
 // Faces of frames, labels, pictures and lines: what only shows.
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 
 #include "forms/frmSplash.h"
-#include "qt/edge.h"
 #include "qt/emblem.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
@@ -50,16 +48,8 @@ void makePressable(QLabel& label, Control& control) {
     label.setFocusPolicy(Qt::StrongFocus);
     label.setToolTip("Double click to measure");
     label.setProperty("role", "request");
-    hookEvents(&label, [&control](QEvent* event) {
-        const bool doubleClick = event->type() == QEvent::MouseButtonDblClick;
-        bool key = false;
-        if (event->type() == QEvent::KeyPress) {
-            const int code = static_cast<QKeyEvent*>(event)->key();
-            key = code == Qt::Key_Return || code == Qt::Key_Enter || code == Qt::Key_Space;
-        }
-        if (doubleClick || key) edge::run(control.on.doubleClick);
-        return doubleClick || key;
-    });
+    hookDoubleClicks(&label, control);
+    hookKeys(&label, control);
 }
 
 Face framed(Control& control, QWidget* parent) {

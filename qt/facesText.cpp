@@ -1,16 +1,17 @@
-// Faces of text boxes and combo boxes. Text and selection go both ways; positions in the record count
-// characters with each line break as two, in the widget UTF-16 units with each break as one.
+// Faces of text boxes and combo boxes. Keys that write go to the record, and the widget shows what has come
+// of them; what the edit widget does by itself comes to the record as one change. Positions are UTF-16 units
+// in the widget and characters of the text as it is seen towards the record, with a line break as one.
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QTextCursor>
+#include <algorithm>
 
-#include "platform/text.h"
-#include "qt/edge.h"
+#include "forms/lineBreaks.h"
+#include "forms/person.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
@@ -21,78 +22,133 @@ namespace faces {
 
 namespace {
 
-/// Position in the widget's text as a position in the record's.
-int recordPosition(const QString& widgetText, int position) {
-    const QString before = widgetText.left(position);
-    return static_cast<int>(before.toUcs4().size() + before.count('\n'));
+int charactersTo(const QString& text, qsizetype unit) {
+    return static_cast<int>(text.left(unit).toUcs4().size());
 }
 
-int widgetPosition(const std::string& recordText, int position) {
-    return static_cast<int>(toQt(text::left(recordText, position)).size());
+int unitsTo(const QString& text, int characters) {
+    int unit = 0;
+    for (; characters > 0 && unit < text.size(); --characters) unit += text[unit].isHighSurrogate() ? 2 : 1;
+    return unit;
 }
 
-/// The widget's text as the record holds it, with a carriage return before each line feed.
-std::string recordText(const Control& control, QString widgetText) {
-    if (control.multiLine) widgetText.replace("\n", "\r\n");
-    return fromQt(widgetText);
+/// What is selected, or the cursor's place twice.
+struct Span {
+    int from;
+    int to;
+    friend bool operator==(const Span&, const Span&) = default;
+    [[nodiscard]] int length() const { return to - from; }
+};
+
+// The two kinds of edit widgets.
+
+QString textOf(const QLineEdit& edit) { return edit.text(); }
+int cursorOf(const QLineEdit& edit) { return edit.cursorPosition(); }
+Span spanOf(const QLineEdit& edit) {
+    if (edit.hasSelectedText()) return {edit.selectionStart(), edit.selectionEnd()};
+    return {edit.cursorPosition(), edit.cursorPosition()};
+}
+void setSpan(QLineEdit& edit, Span span) {
+    edit.setCursorPosition(span.from);
+    if (span.length() > 0) edit.setSelection(span.from, span.length());
+}
+void replace(QLineEdit& edit, Span span, const QString& by) {
+    setSpan(edit, span);
+    edit.insert(by);
+}
+void setWhole(QLineEdit& edit, const QString& text) { edit.setText(text); }
+/// A line that loses the focus drops its selection; the person has not taken it away.
+bool isPersons(const QLineEdit& edit) {
+    const QWidget* focus = edit.window()->focusWidget();
+    return focus == &edit || focus == edit.focusProxy();
 }
 
-/// The person changed the text: the record takes it and runs its handlers; then the widget takes what the
-/// handlers made of it.
-void takeText(Control& control, const QString& widgetText, int cursor) {
-    if (isShowing()) return;
-    edge::run([&] {
-        const std::string typed = recordText(control, widgetText);
-        if (typed != control.text) setTextTyped(control, typed, recordPosition(widgetText, cursor));
-    });
+QString textOf(const QPlainTextEdit& area) {
+    QString text = area.document()->toRawText();
+    return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
 }
-
-void hookKeys(QWidget* widget, const Control& control) {
-    hookEvents(widget, [&control](QEvent* event) {
-        if (event->type() != QEvent::KeyPress) return false;
-        bool swallowed = false;
-        edge::run([&] { swallowed = swallowsKey(control, *static_cast<QKeyEvent*>(event)); });
-        return swallowed;
-    });
+int cursorOf(const QPlainTextEdit& area) { return area.textCursor().position(); }
+Span spanOf(const QPlainTextEdit& area) {
+    return {area.textCursor().selectionStart(), area.textCursor().selectionEnd()};
 }
-
-void showInLineEdit(QLineEdit& edit, const Control& control) {
-    const Showing showing;
-    const QString wanted = toQt(control.text);
-    if (edit.text() != wanted) edit.setText(wanted);
-    const int start = widgetPosition(control.text, control.selStart);
-    edit.setCursorPosition(start);
-    if (control.selLength > 0) {
-        edit.setSelection(start, widgetPosition(control.text, control.selStart + control.selLength) - start);
-    }
-}
-
-void takeLineSelection(Control& control, const QLineEdit& edit) {
-    if (isShowing()) return;
-    const int start = edit.hasSelectedText() ? edit.selectionStart() : edit.cursorPosition();
-    control.selStart = recordPosition(edit.text(), start);
-    control.selLength = static_cast<int>(edit.selectedText().toUcs4().size());
-}
-
-void showInArea(QPlainTextEdit& area, const Control& control) {
-    const Showing showing;
-    const QString wanted = toQt(control.text);
-    if (area.toPlainText() != wanted) area.setPlainText(wanted);
+void setSpan(QPlainTextEdit& area, Span span) {
     QTextCursor cursor = area.textCursor();
-    cursor.setPosition(
-        control.readOnly && control.selLength == 0 ? 0 : widgetPosition(control.text, control.selStart));
-    cursor.setPosition(widgetPosition(control.text, control.selStart + control.selLength),
-                       QTextCursor::KeepAnchor);
-    if (control.readOnly && control.selLength == 0) cursor.setPosition(0);
+    cursor.setPosition(span.from);
+    cursor.setPosition(span.to, QTextCursor::KeepAnchor);
     area.setTextCursor(cursor);
 }
+void replace(QPlainTextEdit& area, Span span, const QString& by) {
+    setSpan(area, span);
+    area.insertPlainText(by);
+}
+void setWhole(QPlainTextEdit& area, const QString& text) { area.setPlainText(text); }
+bool isPersons(const QPlainTextEdit& /*area*/) { return true; }
 
-void takeAreaSelection(Control& control, const QPlainTextEdit& area) {
+/// Cursor and selection of the record. A text that cannot be written in begins with its first lines in view.
+template <class Edit>
+void showSpan(Edit& edit, const Control& control) {
+    const Showing showing;
+    const QString text = toQt(control.text);
+    const auto place = [&](int position) {
+        return unitsTo(text, lineBreaks::seenPosition(control.text, position));
+    };
+    const Span wanted{place(control.selStart), place(control.selStart + control.selLength)};
+    const bool bare = wanted.length() == 0 && spanOf(edit).length() == 0;
+    if (spanOf(edit) != wanted && !(control.readOnly && bare)) setSpan(edit, wanted);
+}
+
+/// One key's change is put into the widget as such, so that the widget can undo it; a text that the program
+/// sets is none that could be undone.
+template <class Edit>
+void showText(Edit& edit, const Control& control) {
+    const Showing showing;
+    const QString has = textOf(edit);
+    const QString wanted = toQt(control.text);
+    if (has == wanted) return showSpan(edit, control);
+    const auto [differs, by] = std::mismatch(has.begin(), has.end(), wanted.begin(), wanted.end());
+    const auto [end, byEnd] = std::mismatch(has.rbegin(), std::make_reverse_iterator(differs),
+                                            wanted.rbegin(), std::make_reverse_iterator(by));
+    const Span gone{static_cast<int>(differs - has.begin()), static_cast<int>(end.base() - has.begin())};
+    const QString come = wanted.mid(by - wanted.begin(), byEnd.base() - by);
+    constexpr int oneCharacter = 2;  // units at most
+    if (isTyping(control) && come.size() <= oneCharacter &&
+        gone.length() <= std::max(oneCharacter, spanOf(edit).length())) {
+        replace(edit, gone, come);
+    } else {
+        setWhole(edit, wanted);
+    }
+    showSpan(edit, control);
+}
+
+/// What the widget has done to its text by itself goes to the record.
+template <class Edit>
+void takeText(Edit& edit, Control& control) {
     if (isShowing()) return;
-    const QTextCursor cursor = area.textCursor();
-    const QString text = area.toPlainText();
-    control.selStart = recordPosition(text, cursor.selectionStart());
-    control.selLength = recordPosition(text, cursor.selectionEnd()) - control.selStart;
+    act([&] {
+        const QString text = textOf(edit);
+        if (text != toQt(control.text))
+            person::edit(control, fromQt(text), charactersTo(text, cursorOf(edit)));
+    });
+    showText(edit, control);
+}
+
+template <class Edit>
+void takeSpan(Edit& edit, Control& control) {
+    const QString text = textOf(edit);
+    if (isShowing() || text != toQt(control.text)) return;  // a change of the text comes with its own cursor
+    if (isPersons(edit)) {
+        const Span span = spanOf(edit);
+        const int start = charactersTo(text, span.from);
+        act([&] { person::moveCursor(control, start, charactersTo(text, span.to) - start); });
+    }
+    showSpan(edit, control);
+}
+
+template <class Edit>
+void hookCursor(Edit* edit, Control& control) {
+    const auto take = [edit, &control] { takeSpan(*edit, control); };
+    edge::connect(edit, &Edit::selectionChanged, take);
+    edge::connect(edit, &Edit::cursorPositionChanged, take);
 }
 
 constexpr int areaMargin = 24;  // pixels of an area's frame and its own margins
@@ -127,7 +183,6 @@ void followText(QComboBox& box, const Control& control) {
     const Showing showing;
     const int named = box.findText(toQt(control.text), Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (box.currentIndex() != named) box.setCurrentIndex(named);
-    if (box.currentText() != toQt(control.text)) box.setEditText(toQt(control.text));
 }
 
 void showItems(QComboBox& box, const Control& control) {
@@ -141,21 +196,17 @@ void showItems(QComboBox& box, const Control& control) {
 
 Face lineEdit(Control& control, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
-    edge::connect(edit, &QLineEdit::textChanged, [edit, &control](const QString& typed) {
-        takeText(control, typed, edit->cursorPosition());
-    });
-    const auto takeSelection = [edit, &control] { takeLineSelection(control, *edit); };
-    edge::connect(edit, &QLineEdit::selectionChanged, takeSelection);
-    edge::connect(edit, &QLineEdit::cursorPositionChanged, takeSelection);
+    edge::connect(edit, &QLineEdit::textChanged, [edit, &control] { takeText(*edit, control); });
+    hookCursor(edit, control);
     hookKeys(edit, control);
     return {edit,
             [edit, &control](Property property) {
-                if (property == Property::Text || property == Property::Selection)
-                    showInLineEdit(*edit, control);
+                if (property == Property::Text) showText(*edit, control);
+                if (property == Property::Selection) showSpan(*edit, control);
             },
             [edit, &control] {
                 edit->setFont(look::font(control.look, geometry::scaleOf(control)));
-                showInLineEdit(*edit, control);
+                showText(*edit, control);
             },
             {}};
 }
@@ -167,22 +218,19 @@ Face textArea(Control& control, QWidget* parent) {
     if (control.readOnly)
         area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (control.look.fixedWidth) area->setLineWrapMode(QPlainTextEdit::NoWrap);
-    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] {
-        takeText(control, area->toPlainText(), area->textCursor().position());
-    });
-    const auto takeSelection = [area, &control] { takeAreaSelection(control, *area); };
-    edge::connect(area, &QPlainTextEdit::selectionChanged, takeSelection);
-    edge::connect(area, &QPlainTextEdit::cursorPositionChanged, takeSelection);
+    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] { takeText(*area, control); });
+    hookCursor(area, control);
     hookKeys(area, control);
     const auto setFont = [area, &control] { area->setFont(areaFont(control, area->width())); };
     return {area,
             [area, &control, setFont](Property property) {
                 if (property == Property::Text) setFont();
-                if (property == Property::Text || property == Property::Selection) showInArea(*area, control);
+                if (property == Property::Text) showText(*area, control);
+                if (property == Property::Selection) showSpan(*area, control);
             },
             [area, &control, setFont] {
                 setFont();
-                showInArea(*area, control);
+                showText(*area, control);
             },
             {}};
 }
@@ -194,30 +242,32 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setCompleter(nullptr);  // a completion would be a change that nobody typed
     box->setMaxVisibleItems(12);
     QWidget* arrow = makeArrow(box);
-    edge::connect(box->lineEdit(), &QLineEdit::textEdited, [box, &control](const QString& typed) {
-        takeText(control, typed, box->lineEdit()->cursorPosition());
-    });
-    edge::connect(box, &QComboBox::activated, [&control](int index) {
-        if (!isShowing()) edge::run([&] { setListIndex(control, index); });
-    });
-    hookKeys(box->lineEdit(), control);
+    QLineEdit* edit = box->lineEdit();
+    const auto showChoice = [box, edit, &control] {
+        followText(*box, control);
+        showText(*edit, control);
+    };
+    edge::connect(edit, &QLineEdit::textEdited, [edit, &control] { takeText(*edit, control); });
+    onPerson(
+        box, &QComboBox::activated, [&control](int line) { person::chooseLine(control, line); }, showChoice);
+    hookCursor(edit, control);
+    hookKeys(edit, control);
     hookKeys(box, control);
     return {box,
-            [box, &control](Property property) {
+            [box, edit, showChoice, &control](Property property) {
                 if (property == Property::Items) showItems(*box, control);
-                if (property == Property::Text) followText(*box, control);
-                if (property == Property::Text || property == Property::Selection) {
-                    showInLineEdit(*box->lineEdit(), control);
-                }
+                if (property == Property::Text) showChoice();
+                if (property == Property::Selection) showSpan(*edit, control);
             },
-            [box, arrow, &control] {
+            [box, edit, arrow, &control] {
                 arrow->setGeometry(box->width() - box->height(), 0, box->height(), box->height());
                 arrow->raise();
                 const QFont font = look::font(control.look, geometry::scaleOf(control));
                 box->setFont(font);
-                box->lineEdit()->setFont(font);
+                edit->setFont(font);
                 box->view()->setFont(font);
                 showItems(*box, control);
+                showText(*edit, control);
             },
             {}};
 }

@@ -9,7 +9,7 @@
 
 #include "forms/frmSplash.h"
 #include "forms/frmTavix.h"
-#include "qt/edge.h"
+#include "forms/person.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
@@ -76,11 +76,11 @@ void makeMain(Control& form, QWidget& widget) {
     });
 }
 
-/// A window button runs the form's own handler; the window goes when the record says so.
-void hookClosing(QWidget& widget, const Control& form) {
+/// The window goes when the record says so.
+void hookClosing(QWidget& widget, Control& form) {
     hookEvents(&widget, [&form](QEvent* event) {
         if (event->type() != QEvent::Close) return false;
-        edge::run(form.on.close);
+        faces::act([&form] { person::close(form); });
         event->ignore();
         return true;
     });

@@ -4,8 +4,8 @@
 #include <map>
 
 #include "forms/frmTavix.h"
+#include "forms/person.h"
 #include "forms/registry.h"
-#include "forms/windows.h"
 #include "qt/edge.h"
 #include "qt/faces.h"
 #include "qt/formWindow.h"
@@ -111,9 +111,8 @@ void buildControls(Control& form) {
 
 /// The person moved the focus; what the toolkit moves while the record is being shown does not count.
 void takeFocus(QWidget* /*old*/, QWidget* now) {
-    if (faces::isShowing() || now == nullptr) return;
-    Control* control = controlOf(now);
-    if (control != nullptr) windows::setFocus(*control);
+    Control* control = now == nullptr ? nullptr : controlOf(now);
+    if (control != nullptr) faces::act([control] { person::reach(*control); });
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include "forms/frmLogin.h"
 #include "forms/frmOptions.h"
+#include "forms/keys.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
-#include "screens/keys.h"
 #include "trial/course/modClock.h"
 
 namespace optionsDialog {

@@ -4,11 +4,11 @@
 
 #include "forms/frmLogin.h"
 #include "forms/frmNewSubject.h"
+#include "forms/keys.h"
 #include "forms/windows.h"
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
-#include "screens/keys.h"
 #include "state/TrialState.h"
 #include "store/layer/openTable.h"
 

@@ -101,7 +101,7 @@ m('D12', 'diagnosis/modHypotheses.cpp', '    limitMeters(f.DiagnosisCount + 1);'
 m('D14', 'diagnosis/diagnosisRecord.cpp', '    ++trialState.diagnosisCount;\n    trialState.diagnosisStateId = modAppRecord::stateId();\n', '    trialState.diagnosisStateId = modAppRecord::stateId();\n    ++trialState.diagnosisCount;\n', 'a state has the number of its diagnosis')
 # ---- screens
 m('N01', 'screens/modAppDisplay.cpp', '        setCaption(f.lblTestResult[i], {});\n', '', "the former patient's results go")
-m('N03', 'screens/keys.h', '        if (code == options) action();\n        return true;\n', '        if (code == options) action();\n        return false;\n', 'every other key passes (Enter on Next Patient)')
+m('N03', 'forms/keys.h', '        if (code == options) action();\n        return true;\n', '        if (code == options) action();\n        return false;\n', 'every other key passes (Enter on Next Patient)')
 m('N05', 'screens/signIn.cpp', '        windows::setFocus(frmNewSubject.boxMajor);\n', '', 'the focus goes to the major that is none')
 m('N07', 'screens/wiring.cpp', '    f.txtAge.on.key = keys::onEnter(signIn::beginStudy);\n', '', 'Enter in the age begins')
 m('N09', 'screens/signIn.cpp', '    designFrmNewSubject();\n', '', 'the questionnaire begins empty each time')
@@ -114,10 +114,10 @@ m('N19', 'knowledge/modTreatments.cpp', '        tell("Please choose one of the 
 # ---- qt
 m('Q02', 'qt/boxes.cpp', '    widget->setTextFormat(Qt::PlainText);\n', '', "a box shows a note's < and & as they are")
 m('Q04', 'qt/edge.cpp', '        stopped = true;\n        end(', '        end(', 'after a fault nothing runs any more')
-m('Q06', 'qt/facesButtons.cpp', 'if (!swallowed && enter) button.click();', 'if (!swallowed && enter && !button.isVisible()) button.click();', 'Enter presses a button')
+m('Q06', 'forms/person.cpp', 'case Kind::Button: return code == keys::enter || code == keys::space;', 'case Kind::Button: return code == keys::space;', 'Enter presses a button')
 m('Q08', 'qt/facesLists.cpp', '    slider->setPageStep(control.largeChange);\n', '', 'Page Up and Down move a meter by its large step')
-m('Q10', 'qt/facesPlain.cpp', ' || code == Qt::Key_Space;', ';', 'the space bar measures a vital sign')
-m('Q12', 'qt/facesText.cpp', "before.toUcs4().size() + before.count('\\n')", 'before.toUcs4().size()', 'a line break counts as two')
+m('Q10', 'forms/person.cpp', 'control.on.doubleClick && (code == keys::enter || code == keys::space);', 'control.on.doubleClick && code == keys::enter;', 'the space bar measures a vital sign')
+m('Q12', 'forms/lineBreaks.cpp', 'at += isBreak ? breakLength : text::', 'at += isBreak ? 1 : text::', 'a line break counts as two')
 m('Q14', 'qt/formWindow.cpp', '        std::min(geometry::scaleOf(frmTavix.form), scaleThatFits(form, screen.size() * dialogShare));\n', '        geometry::scaleOf(frmTavix.form);\n    static_cast<void>(dialogShare);\n', 'a dialog fits the screen')
 m('Q16', 'qt/mirror.cpp', '        case Property::Enabled: face.widget->setEnabled(control.enabled); break;\n', '        case Property::Enabled: break;\n', 'what is disabled cannot be pressed')
 m('Q18', 'qt/mirror.cpp', '    if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));\n', '', 'a screen reader hears the new value')
@@ -129,7 +129,7 @@ m('Q28', 'qt/main.cpp', '(std::uint64_t{chance()} << 32U) | chance()', '1', 'eac
 m('Q30', 'qt/look.cpp', '.disabledText = QColor(0x62, 0x6C, 0x76)', '.disabledText = QColor(0x92, 0x9C, 0xA6)', 'disabled text can be read')
 m('Q32', 'qt/look.cpp', 'QLabel[role="error"] { color: @alarm; }\n', '', 'an error is in the alarm colour')
 m('Q34', 'qt/facesText.cpp', '    area->setReadOnly(control.readOnly);\n', '    area->setReadOnly(false);\n', 'what is read-only cannot be written in')
-m('Q36', 'qt/facesPlain.cpp', '        if (doubleClick || key) edge::run(control.on.doubleClick);\n        return doubleClick || key;\n', '        if (doubleClick) edge::run(control.on.doubleClick);\n        return doubleClick || key;\n', 'a vital sign is measured by key too')
+m('Q36', 'qt/facesPlain.cpp', '    hookKeys(&label, control);\n', '', 'a vital sign is measured by key too')
 # ---- headless
 m('H01', 'headless/commands.cpp', '    if (sameValue(actual, line.lastOf(count)) || sameValue(actual, line.arguments[count - 1])) return;\n', '    if (line.arguments.size() >= count) return;\n', 'an expectation that does not hold fails the script')
 m('H03', 'headless/player.cpp', 'constexpr int failedStatus = 1;', 'constexpr int failedStatus = 0;', 'a failed script ends with status 1')

@@ -10,14 +10,18 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QSlider>
+#include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QtTest/QTest>
+#include <algorithm>
+#include <set>
 
-#include "forms/person.h"
+#include "forms/keys.h"
+#include "forms/lineBreaks.h"
+#include "forms/refused.h"
 #include "forms/windows.h"
 #include "platform/text.h"
 #include "qt/boxes.h"
-#include "qt/faces.h"
 #include "qt/mirror.h"
 #include "tests/twin/screenPicture.h"
 
@@ -27,14 +31,7 @@ namespace {
 
 void settle() { QCoreApplication::processEvents(); }
 
-template <class Widget>
-Widget* as(Control& control, const char* what) {
-    auto* widget = qobject_cast<Widget*>(mirror::widgetOf(control));
-    if (widget == nullptr) throw Refused{fullName(control) + " is no " + what};
-    return widget;
-}
-
-void clickTab(Control& tabs, int page) {
+void clickTab(const Control& tabs, int page) {
     auto* bar = mirror::widgetOf(tabs)->findChild<QTabBar*>();
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(page).center());
 }
@@ -46,60 +43,70 @@ void turnToPageOf(const Control& control) {
     }
 }
 
-QWidget* reach(Control& control) {
+/// The mouse is over the widget and the keys go to it. What the records would refuse is tried all the same,
+/// where there is something to be seen: nothing may come of it.
+template <class Deed>
+void onWidget(const Control& control, Deed deed) {
     const std::string reason = windows::refusal(control);
-    if (!reason.empty()) throw Refused{reason};
-    turnToPageOf(control);
     QWidget* widget = mirror::widgetOf(control);
-    widget->window()->activateWindow();
+    if (reason.empty()) {
+        turnToPageOf(control);
+        widget->window()->activateWindow();
+        settle();
+    }
+    if (reason.empty() || widget->isVisible()) deed(widget);
     settle();
-    return widget;
+    if (!reason.empty()) throw Refused{reason};
 }
 
-/// The widget that takes the keys of a control.
-QWidget* keyTarget(Control& control) {
-    QWidget* widget = reach(control);
+void focus(QWidget* widget) {
+    widget->setFocus(Qt::MouseFocusReason);
+    settle();
+}
+
+/// The widget that takes the keys of a control, with the focus.
+QWidget* keyTarget(QWidget* widget) {
     auto* combo = qobject_cast<QComboBox*>(widget);
     QWidget* target = combo != nullptr ? combo->lineEdit() : widget;
-    target->setFocus(Qt::MouseFocusReason);
-    settle();
+    focus(target);
     return target;
 }
 
 /// Where a person would press: on the mark of a box, on the selected line of a list, else in the middle.
-void clickOn(Control& control, QWidget* widget) {
-    if (auto* list = qobject_cast<QListWidget*>(widget)) {
+QPoint placeToPress(const Control& control, const QWidget& widget) {
+    if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
         const QList<QListWidgetItem*> chosen = list->selectedItems();
-        list->setFocus(Qt::MouseFocusReason);
-        if (chosen.isEmpty()) return;
-        list->scrollToItem(chosen.first());
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualItemRect(chosen.first()).center());
-    } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
-        QTest::mouseClick(combo->lineEdit(), Qt::LeftButton);
-    } else if (auto* area = qobject_cast<QPlainTextEdit*>(widget)) {
-        area->setFocus(Qt::MouseFocusReason);
-    } else {
-        const bool marked = control.kind == Kind::TickBox || control.kind == Kind::OptionButton;
-        QTest::mouseClick(widget, Qt::LeftButton, {}, marked ? QPoint(10, widget->height() / 2) : QPoint());
+        return chosen.isEmpty() ? list->viewport()->rect().bottomLeft() + QPoint(8, -8)
+                                : list->visualItemRect(chosen.first()).center();
     }
-    settle();
+    const bool marked = control.kind == Kind::TickBox || control.kind == Kind::OptionButton;
+    return marked ? QPoint(10, widget.height() / 2) : widget.rect().center();
 }
 
-void press(Control& control) { clickOn(control, reach(control)); }
+/// The widget that the mouse hits; none where a press would only move the cursor.
+QWidget* underMouse(const Control& control, QWidget* widget) {
+    if (auto* list = qobject_cast<QListWidget*>(widget)) {
+        if (!list->selectedItems().isEmpty()) list->scrollToItem(list->selectedItems().first());
+        return list->viewport();
+    }
+    return control.kind == Kind::TextBox || control.kind == Kind::ComboBox ? nullptr : widget;
+}
+
+void press(Control& control) {
+    onWidget(control, [&](QWidget* widget) {
+        const auto* list = qobject_cast<QListWidget*>(widget);
+        QWidget* target = underMouse(control, widget);
+        const bool onNothing = target == nullptr || (list != nullptr && list->selectedItems().isEmpty());
+        if (onNothing) return focus(widget);
+        QTest::mouseClick(target, Qt::LeftButton, {}, placeToPress(control, *widget));
+    });
+}
 
 void doublePress(Control& control) {
-    QWidget* widget = reach(control);
-    clickOn(control, widget);
-    QWidget* target = widget;
-    QPoint at(10, widget->height() / 2);
-    if (auto* list = qobject_cast<QListWidget*>(widget)) {
-        target = list->viewport();
-        at = list->selectedItems().isEmpty() ? target->rect().bottomLeft() + QPoint(8, -8)
-                                             : list->visualItemRect(list->selectedItems().first()).center();
-    }
-    QTest::mouseDClick(target, Qt::LeftButton, {}, at);
-    settle();
+    if (!control.on.doubleClick) return press(control);
+    onWidget(control, [&](QWidget* widget) {
+        QTest::mouseDClick(underMouse(control, widget), Qt::LeftButton, {}, placeToPress(control, *widget));
+    });
 }
 
 void pressKey(QWidget* widget, const QString& character) {
@@ -113,150 +120,159 @@ void pressKey(QWidget* widget, const QString& character) {
 }
 
 void key(Control& control, int code) {
-    constexpr int backspace = 8;
-    constexpr int enter = 13;
-    QWidget* target = keyTarget(control);
-    if (code == backspace) {
-        QTest::keyClick(target, Qt::Key_Backspace);
-    } else {
+    onWidget(control, [&](QWidget* widget) {
+        QWidget* target = keyTarget(widget);
         const auto character = static_cast<char32_t>(code);
-        pressKey(target, code == enter ? QString("\n") : QString::fromUcs4(&character, 1));
-    }
-    settle();
-}
-
-void mustTakeText(const Control& control, const char* what) {
-    if (control.kind != Kind::TextBox && control.kind != Kind::ComboBox)
-        throw Refused{fullName(control) + " is no " + what};
+        if (code == keys::backspace) {
+            QTest::keyClick(target, Qt::Key_Backspace);
+        } else {
+            pressKey(target, code == keys::enter ? QString("\n") : QString::fromUcs4(&character, 1));
+        }
+    });
 }
 
 void type(Control& control, const std::string& wanted) {
-    mustTakeText(control, "box to type in");
-    QWidget* target = keyTarget(control);
-    QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
-    if (wanted.empty()) QTest::keyClick(target, Qt::Key_Delete);
-    for (int i = 0; i < text::length(wanted) && windows::refusal(control).empty(); ++i) {
-        pressKey(target, faces::toQt(text::mid(wanted, i, 1)));
-    }
-    settle();
+    must::be(control, {Kind::TextBox, Kind::ComboBox}, "box to type in");
+    onWidget(control, [&](QWidget* widget) {
+        QWidget* target = keyTarget(widget);
+        QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+        if (wanted.empty()) QTest::keyClick(target, Qt::Key_Delete);
+        for (int i = 0; i < text::length(wanted) && windows::refusal(control).empty(); ++i) {
+            pressKey(target, QString::fromStdString(text::mid(wanted, i, 1)));
+        }
+    });
 }
 
 void paste(Control& control, const std::string& wanted) {
-    mustTakeText(control, "box to paste into");
-    QWidget* target = keyTarget(control);
-    QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
-    if (wanted.empty()) {
-        QTest::keyClick(target, Qt::Key_Delete);
-    } else {
-        QApplication::clipboard()->setText(faces::toQt(wanted));
+    must::be(control, {Kind::TextBox, Kind::ComboBox}, "box to paste into");
+    onWidget(control, [&](QWidget* widget) {
+        QWidget* target = keyTarget(widget);
+        QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+        QApplication::clipboard()->setText(QString::fromStdString(wanted));
+        if (wanted.empty()) QTest::keyClick(target, Qt::Key_Delete);
         QTest::keyClick(target, Qt::Key_V, Qt::ControlModifier);
-    }
-    settle();
+    });
 }
 
 void pick(Control& control, const std::vector<int>& lines) {
-    auto* list = as<QListWidget>(control, "list");
-    reach(control);
-    for (const int line : lines) {
-        if (line < 0 || line >= list->count())
-            throw Refused{fullName(control) + " has no line " + std::to_string(line)};
-    }
-    if (lines.size() > 1 && !control.multiSelect)
-        throw Refused{fullName(control) + " takes one line at a time"};
-    list->setFocus(Qt::MouseFocusReason);
-    if (lines.empty()) list->clearSelection();
-    Qt::KeyboardModifiers modifiers;
-    for (const int line : lines) {
-        list->scrollToItem(list->item(line));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers,
-                          list->visualItemRect(list->item(line)).center());
-        modifiers = Qt::ControlModifier;
-    }
-    settle();
+    must::be(control, {Kind::ListBox}, "list");
+    onWidget(control, [&](QWidget* widget) {
+        auto* list = qobject_cast<QListWidget*>(widget);
+        focus(list);
+        if (windows::refusal(control).empty()) must::haveLines(control, lines);
+        if (lines.empty()) list->clearSelection();
+        Qt::KeyboardModifiers modifiers;
+        for (const int line : std::set(lines.begin(), lines.end())) {
+            if (line < 0 || line >= list->count()) continue;
+            list->scrollToItem(list->item(line));
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers,
+                              list->visualItemRect(list->item(line)).center());
+            modifiers = Qt::ControlModifier;
+        }
+    });
 }
 
-/// Opens the list of a combo box and takes the line by Enter.
+/// Opens the list of a combo box, goes down to the line and takes it.
 void chooseInCombo(QComboBox& combo, int index) {
-    combo.setFocus(Qt::MouseFocusReason);
     QTest::keyClick(&combo, Qt::Key_F4);
-    combo.view()->setCurrentIndex(combo.model()->index(index, 0));
+    if (!combo.view()->isVisible()) return;
+    QTest::keyClick(combo.view(), Qt::Key_Home);
+    for (int i = 0; i < index; ++i) QTest::keyClick(combo.view(), Qt::Key_Down);
     QTest::keyClick(combo.view(), Qt::Key_Return);
 }
 
 void choose(Control& control, const std::string& item) {
-    if (control.kind != Kind::ComboBox && control.kind != Kind::ListBox)
-        throw Refused{fullName(control) + " is no list"};
-    reach(control);
-    const int index = findItem(control, item);
-    if (index < 0) throw Refused{fullName(control) + " has no item \"" + item + "\""};
+    must::be(control, {Kind::ComboBox, Kind::ListBox}, "list");
     if (control.kind == Kind::ListBox) {
-        pick(control, {index});
-        return;
+        must::takeInput(control);
+        return pick(control, {must::findItem(control, item)});
     }
-    chooseInCombo(*as<QComboBox>(control, "list"), index);
-    settle();
+    onWidget(control, [&](QWidget* widget) {
+        focus(widget);
+        const bool able = windows::refusal(control).empty();
+        chooseInCombo(*qobject_cast<QComboBox*>(widget), able ? must::findItem(control, item) : 0);
+    });
+}
+
+/// Drags the handle to where the value is, in one move.
+void drag(QSlider& slider, int value) {
+    QStyleOptionSlider option;
+    option.initFrom(&slider);
+    option.state |= QStyle::State_Horizontal;
+    option.minimum = slider.minimum();
+    option.maximum = slider.maximum();
+    option.sliderPosition = option.sliderValue = slider.value();
+    const auto part = [&](QStyle::SubControl which) {
+        return slider.style()->subControlRect(QStyle::CC_Slider, &option, which, &slider);
+    };
+    const QRect handle = part(QStyle::SC_SliderHandle);
+    const QRect groove = part(QStyle::SC_SliderGroove);
+    const int span = groove.width() - handle.width();
+    int place = 0;
+    while (place < span &&
+           QStyle::sliderValueFromPosition(option.minimum, option.maximum, place, span) < value)
+        ++place;
+    const QPoint from = handle.center();
+    QTest::mousePress(&slider, Qt::LeftButton, {}, from);
+    QTest::mouseMove(&slider, QPoint(groove.x() + place + from.x() - handle.x(), from.y()));
+    QTest::mouseRelease(&slider, Qt::LeftButton, {},
+                        QPoint(groove.x() + place + from.x() - handle.x(), from.y()));
 }
 
 void slide(Control& control, int value) {
-    auto* slider = as<QSlider>(control, "scroll bar");
-    reach(control);
-    if (value < slider->minimum() || value > slider->maximum()) {
-        throw Refused{fullName(control) + " goes from " + std::to_string(slider->minimum()) + " to " +
-                      std::to_string(slider->maximum())};
-    }
-    slider->setFocus(Qt::MouseFocusReason);
-    slider->setSliderPosition(value);
-    settle();
+    must::be(control, {Kind::ScrollBar}, "scroll bar");
+    onWidget(control, [&](QWidget* widget) {
+        focus(widget);
+        if (windows::refusal(control).empty()) must::haveValue(control, value);
+        drag(*qobject_cast<QSlider*>(widget), value);
+    });
 }
 
 void tick(Control& control, bool on) {
-    if (control.kind != Kind::TickBox && control.kind != Kind::OptionButton) {
-        throw Refused{fullName(control) + " is no box to tick"};
-    }
-    QWidget* widget = reach(control);
-    if (control.kind == Kind::OptionButton && !on)
-        throw Refused{fullName(control) + " is left by choosing another"};
-    if ((control.value != 0) != on) {
-        clickOn(control, widget);
-    } else {
-        widget->setFocus(Qt::MouseFocusReason);
-    }
+    must::be(control, {Kind::TickBox, Kind::OptionButton}, "box to tick");
+    onWidget(control, [&](QWidget* widget) {
+        focus(widget);
+        if (windows::refusal(control).empty()) must::takeTick(control, on);
+        if ((control.value != 0) == on) return;
+        QTest::mouseClick(widget, Qt::LeftButton, {}, placeToPress(control, *widget));
+    });
 }
 
 void mark(Control& control, int start, int length) {
-    if (control.kind != Kind::TextBox) throw Refused{fullName(control) + " is no text box"};
-    QWidget* widget = keyTarget(control);
-    // Positions of the record: a line break is two characters there and one here.
-    const QString before = faces::toQt(text::mid(control.text, 0, start));
-    const QString marked = faces::toQt(text::mid(control.text, start, length));
-    const auto from = static_cast<int>(before.size());
-    const auto to = static_cast<int>(before.size() + marked.size());
-    if (auto* area = qobject_cast<QPlainTextEdit*>(widget)) {
-        QTextCursor cursor = area->textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        area->setTextCursor(cursor);
-    } else if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
-        edit->setSelection(from, to - from);
-    }
-    settle();
+    must::be(control, {Kind::TextBox}, "text box");
+    onWidget(control, [&](QWidget* widget) {
+        QWidget* target = keyTarget(widget);
+        const int whole = text::length(control.text);
+        const int from = std::clamp(start, 0, whole);
+        const int to = from + std::clamp(length, 0, whole - from);
+        const int seenFrom = lineBreaks::seenPosition(control.text, from);
+        const int seenTo = lineBreaks::seenPosition(control.text, to);
+        QTest::keyClick(target, Qt::Key_Home,
+                        control.multiLine ? Qt::ControlModifier : Qt::KeyboardModifiers());
+        for (int i = 0; i < seenFrom; ++i) QTest::keyClick(target, Qt::Key_Right);
+        for (int i = seenFrom; i < seenTo; ++i) QTest::keyClick(target, Qt::Key_Right, Qt::ShiftModifier);
+    });
 }
 
 void turnTo(Control& control, int page) {
-    if (control.kind != Kind::TabControl) throw Refused{fullName(control) + " is no tab control"};
-    reach(control);
-    if (page < 0 || page >= static_cast<int>(control.items.size())) {
-        throw Refused{fullName(control) + " has no page " + std::to_string(page)};
-    }
-    clickTab(control, page);
-    settle();
+    must::be(control, {Kind::TabControl}, "tab control");
+    onWidget(control, [&](QWidget* widget) {
+        focus(widget);
+        if (windows::refusal(control).empty()) must::havePage(control, page);
+        clickTab(control, page);
+    });
 }
 
 void close(Control& form) {
-    if (form.kind != Kind::Form) throw Refused{fullName(form) + " is no form"};
-    if (!form.visible) throw Refused{fullName(form) + " is not on show"};
-    if (!form.on.close) throw Refused{fullName(form) + " has no window button"};
-    mirror::widgetOf(form)->close();
+    must::be(form, {Kind::Form}, "form");
+    QWidget* window = mirror::widgetOf(form);
+    try {
+        must::close(form);
+    } catch (const Refused&) {
+        if (window->isVisible()) window->close();  // nothing may come of it
+        throw;
+    }
+    window->close();
     settle();
 }
 

@@ -8,6 +8,7 @@ namespace keys {
 
 constexpr int backspace = 8;
 constexpr int enter = 13;
+constexpr int space = 32;
 constexpr int options = 111;  ///< the letter o, lower case only: the experimenter's key
 
 /// A key handler that swallows Enter and runs `action` instead.
