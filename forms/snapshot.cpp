@@ -11,7 +11,9 @@ std::vector<Kept> take(const Control& form) {
 }
 
 void putBack(const std::vector<Kept>& form) {
-    for (const auto& [control, before] : form) {
+    for (const Kept& kept : form) {
+        Control* control = kept.control;
+        const Control& before = kept.before;
         const auto revert = [&](auto Control::*field, Property property) {
             if (control->*field == before.*field) return;
             control->*field = before.*field;
