@@ -204,43 +204,45 @@ struct Command {
     std::function<void(const CommandLine&)> run;
 };
 
+using Line = const CommandLine&;
+
+Control& actedOn(Line line) { return controlNamed(line.arguments[0]); }
+int numberAt(Line line, std::size_t place) { return wholeNumber(line.arguments[place]); }
+
 const std::map<std::string, Command>& table() {
-    using Line = const CommandLine&;
-    static const auto control = [](Line l) -> Control& { return controlNamed(l.arguments[0]); };
-    static const auto number = [](Line l, std::size_t i) { return wholeNumber(l.arguments[i]); };
     static const std::map<std::string, Command> commands{
-        {"click", {1, "CONTROL", "presses it", [](Line l) { acting.press(control(l)); }}},
-        {"dblclick", {1, "CONTROL", "presses it twice", [](Line l) { acting.doublePress(control(l)); }}},
+        {"click", {1, "CONTROL", "presses it", [](Line l) { acting.press(actedOn(l)); }}},
+        {"dblclick", {1, "CONTROL", "presses it twice", [](Line l) { acting.doublePress(actedOn(l)); }}},
         {"type",
          {2, "CONTROL TEXT", "replaces its text, key by key",
-          [](Line l) { acting.type(control(l), l.lastOf(2)); }}},
+          [](Line l) { acting.type(actedOn(l), l.lastOf(2)); }}},
         {"paste",
          {2, "CONTROL TEXT", "replaces its text in one change",
-          [](Line l) { acting.paste(control(l), l.lastOf(2)); }}},
+          [](Line l) { acting.paste(actedOn(l), l.lastOf(2)); }}},
         {"key",
          {2, "CONTROL CODE", "presses the key with this character code",
-          [](Line l) { acting.key(control(l), characterCode(l.arguments[1])); }}},
+          [](Line l) { acting.key(actedOn(l), characterCode(l.arguments[1])); }}},
         {"choose",
          {2, "CONTROL TEXT", "takes this item of a list or a combo box",
-          [](Line l) { acting.choose(control(l), l.lastOf(2)); }}},
+          [](Line l) { acting.choose(actedOn(l), l.lastOf(2)); }}},
         {"slide",
          {2, "CONTROL VALUE", "moves a scroll bar there in one move",
-          [](Line l) { acting.slide(control(l), number(l, 1)); }}},
-        {"tick", {1, "CONTROL", "ticks a box", [](Line l) { acting.tick(control(l), true); }}},
-        {"untick", {1, "CONTROL", "takes its tick away", [](Line l) { acting.tick(control(l), false); }}},
+          [](Line l) { acting.slide(actedOn(l), numberAt(l, 1)); }}},
+        {"tick", {1, "CONTROL", "ticks a box", [](Line l) { acting.tick(actedOn(l), true); }}},
+        {"untick", {1, "CONTROL", "takes its tick away", [](Line l) { acting.tick(actedOn(l), false); }}},
         {"mark",
          {3, "CONTROL START LENGTH", "selects characters of its text, from 0",
-          [](Line l) { acting.mark(control(l), number(l, 1), number(l, 2)); }}},
+          [](Line l) { acting.mark(actedOn(l), numberAt(l, 1), numberAt(l, 2)); }}},
         {"pick",
          {1, "CONTROL LINE...", "selects exactly these lines of a list, from 0",
-          [](Line l) { acting.pick(control(l), wholeNumbers(l, 1)); }}},
+          [](Line l) { acting.pick(actedOn(l), wholeNumbers(l, 1)); }}},
         {"tab",
          {2, "CONTROL PAGE", "turns to a page, from 0",
-          [](Line l) { acting.turnTo(control(l), number(l, 1)); }}},
+          [](Line l) { acting.turnTo(actedOn(l), numberAt(l, 1)); }}},
         {"answer",
          {1, "BUTTON", "presses OK, Yes or No of the newest message box",
           [](Line l) { pressAnswer(l.arguments[0]); }}},
-        {"close", {1, "FORM", "closes it by its window button", [](Line l) { acting.close(control(l)); }}},
+        {"close", {1, "FORM", "closes it by its window button", [](Line l) { acting.close(actedOn(l)); }}},
         {"wait",
          {1, "MS", "lets virtual time pass, in milliseconds",
           [](Line l) { virtualTime::pass(milliseconds(l.arguments[0]), [] { return false; }); }}},
