@@ -22,7 +22,7 @@ struct Start {
 };
 
 /// Begins anew at virtual millisecond 0; false for a date and time that are none.
-bool begin(const Start& start, Player player);
+bool begin(const Start& start, Player whoPlays);
 
 /// The host itself. `endProgram` is left to the program.
 Host make();

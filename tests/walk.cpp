@@ -57,7 +57,7 @@ std::string actOn(const Control& control) {
     const auto found = acts.find(control.kind);
     if (found == acts.end()) return "click " + fullName(control);
     const std::size_t lines = control.items.size() + 1;
-    const auto values = static_cast<std::size_t>(control.max.toInt() - control.min.toInt() + 2);
+    const auto values = static_cast<std::size_t>(control.max.toInt() - control.min.toInt()) + 2;
     return fmt::format(fmt::runtime(anyOf(found->second)), fullName(control), quoted(anyOf(texts)), any(110),
                        any(60), itemOf(control), any(lines) / 2, any(lines),
                        control.min.toInt() + static_cast<int>(any(values)), any(3));

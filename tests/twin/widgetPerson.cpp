@@ -15,7 +15,9 @@
 #include <QtTest/QTest>
 #include <algorithm>
 #include <set>
+#include <stdexcept>
 
+#include "forms/control.h"
 #include "forms/keys.h"
 #include "forms/lineBreaks.h"
 #include "forms/refused.h"
@@ -49,6 +51,7 @@ template <class Deed>
 void onWidget(const Control& control, Deed deed) {
     const std::string reason = windows::refusal(control);
     QWidget* widget = mirror::widgetOf(control);
+    if (widget == nullptr) throw std::logic_error("no widget for " + fullName(control));
     if (reason.empty()) {
         turnToPageOf(control);
         widget->window()->activateWindow();
