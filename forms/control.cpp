@@ -75,12 +75,12 @@ std::string fullName(const Control& control) {
     return control.element < 0 ? plain : plain + "(" + std::to_string(control.element) + ")";
 }
 
-void setBox(Control& control, const Box& box) { put(control, control.box, box, Property::Box); }
+void setPlace(Control& control, const Place& at) { put(control, control.place, at, Property::Place); }
 
 void setHeight(Control& control, float height) {
-    Box box = control.box;
-    box.height = height;
-    setBox(control, box);
+    Place place = control.place;
+    place.height = height;
+    setPlace(control, place);
 }
 
 void setVisible(Control& control, bool visible) { put(control, control.visible, visible, Property::Visible); }

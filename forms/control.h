@@ -31,18 +31,19 @@ enum class Kind {
 
 /// Place in twips, 15 to a pixel at 96 dots per inch, within the container's client area. A line runs
 /// from its left, top to left + width, top + height.
-struct Box {
+struct Place {
     float left = 0;
     float top = 0;
     float width = 0;
     float height = 0;
 
-    friend bool operator==(const Box&, const Box&) = default;
+    friend bool operator==(const Place&, const Place&) = default;
 };
 
-/// How a text looks: height of the font in twips, weight, and where it stands in its box.
+/// How a control looks: height of its font in twips, weight, and where the text stands in its place.
 struct Look {
     enum class Align { Left, Right, Centre };
+    enum class Drawing { OfItsKind, HealthTrace, Emblem };
     int fontSize = 195;
     bool bold = false;
     bool fixedWidth = false;
@@ -51,6 +52,7 @@ struct Look {
     bool alarming = false;  ///< a label that says what is wrong
     bool framed = false;    ///< a label drawn as a frame around other controls
     bool clips = false;     ///< a text too long for its place is cut and not set smaller
+    Drawing drawing = Drawing::OfItsKind;
 };
 
 /// What the form does. An empty function is an event that nobody handles.
@@ -64,6 +66,9 @@ struct Handlers {
     /// A form's window button. A form without this handler has no such button.
     std::function<void()> close;
 };
+
+/// What window a form is: the main one, the picture of the start, or a dialog over the main one.
+enum class WindowKind { Dialog, Main, Splash };
 
 struct Control {
     // Identity, given by the form.
@@ -83,7 +88,7 @@ struct Control {
     int largeChange = 1;
 
     // Properties.
-    Box box;
+    Place place;
     bool visible = true;
     bool enabled = true;
     std::string caption;
@@ -96,18 +101,19 @@ struct Control {
     Int16 valueBefore;           ///< scroll bars: the value before the last change
     Int16 min;
     Int16 max;
-    Int32 interval;                      ///< timers, milliseconds
-    std::array<std::string, 2> columns;  ///< charts
-    bool closesAnyTime = false;          ///< forms whose window button works behind a modal form too
-    bool modal = false;                  ///< forms on show
-    Control* active = nullptr;           ///< forms: the control that has the focus
+    Int32 interval;                          ///< timers, milliseconds
+    std::array<std::string, 2> columns;      ///< charts
+    WindowKind window = WindowKind::Dialog;  ///< forms
+    bool closesAnyTime = false;              ///< forms whose window button works behind a modal form too
+    bool modal = false;                      ///< forms on show
+    Control* active = nullptr;               ///< forms: the control that has the focus
 
     Handlers on;
 };
 
 enum class Property {
     Design,
-    Box,
+    Place,
     Visible,
     Enabled,
     Caption,
@@ -136,7 +142,7 @@ const std::vector<Control*>& allControls();
 /// "frmDiagnosis.hsbBelief(2)": the name by which scripts, tests and tools reach a control.
 std::string fullName(const Control& control);
 
-void setBox(Control& control, const Box& box);
+void setPlace(Control& control, const Place& at);
 void setHeight(Control& control, float height);
 void setVisible(Control& control, bool visible);
 void setEnabled(Control& control, bool enabled);

@@ -32,12 +32,12 @@ Control& form(Control& form, const std::string& name, const std::string& caption
     form.form = name;
     form.name = name;
     form.caption = caption;
-    form.box = {0, 0, width, height};
+    form.place = {0, 0, width, height};
     form.visible = false;
     return form;
 }
 
-Control& place(Container in, Named named, Kind kind, const Box& box, const std::string& text) {
+Control& place(Container in, Named named, Kind kind, const Place& at, const std::string& text) {
     Control& control = named.control;
     renew(control, kind);
     control.form = in.control->form;
@@ -45,23 +45,23 @@ Control& place(Container in, Named named, Kind kind, const Box& box, const std::
     control.element = named.element;
     control.parent = in.control;
     control.page = in.page;
-    control.box = box;
+    control.place = at;
     const bool hasText = kind == Kind::TextBox || kind == Kind::ComboBox;
     (hasText ? control.text : control.caption) = text;
     if (hasText) control.selStart = text::length(text);
     return control;
 }
 
-Control& button(Container in, Named named, const Box& box, const std::string& caption) {
-    return place(in, named, Kind::Button, box, caption);
+Control& button(Container in, Named named, const Place& at, const std::string& caption) {
+    return place(in, named, Kind::Button, at, caption);
 }
 
-Control& label(Container in, Named named, const Box& box, const std::string& caption) {
-    return place(in, named, Kind::Label, box, caption);
+Control& label(Container in, Named named, const Place& at, const std::string& caption) {
+    return place(in, named, Kind::Label, at, caption);
 }
 
-Control& scrollBar(Container in, Named named, const Box& box, Int16 min, Int16 max, Int16 value) {
-    Control& control = place(in, named, Kind::ScrollBar, box);
+Control& scrollBar(Container in, Named named, const Place& at, Int16 min, Int16 max, Int16 value) {
+    Control& control = place(in, named, Kind::ScrollBar, at);
     control.min = min;
     control.max = max;
     control.value = value;

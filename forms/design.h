@@ -32,7 +32,7 @@ struct Container {
     int page = -1;
 };
 
-/// Begins a form. Its box holds the size of the client area.
+/// Begins a form. Its place holds the size of the client area.
 Control& form(Control& form, const std::string& name, const std::string& caption, float width, float height);
 
 /// A control with the name that its form gives it, and its place in a control array, -1 outside of one.
@@ -43,11 +43,11 @@ struct Named {
 };
 
 /// Places a control, with `text` as its caption, or as its text where the kind has no caption.
-Control& place(Container in, Named named, Kind kind, const Box& box, const std::string& text = {});
+Control& place(Container in, Named named, Kind kind, const Place& at, const std::string& text = {});
 
-Control& button(Container in, Named named, const Box& box, const std::string& caption);
-Control& label(Container in, Named named, const Box& box, const std::string& caption = {});
-Control& scrollBar(Container in, Named named, const Box& box, Int16 min, Int16 max, Int16 value);
+Control& button(Container in, Named named, const Place& at, const std::string& caption);
+Control& label(Container in, Named named, const Place& at, const std::string& caption = {});
+Control& scrollBar(Container in, Named named, const Place& at, Int16 min, Int16 max, Int16 value);
 /// A line from one point to another.
 Control& line(Container in, Named named, float x1, float y1, float x2, float y2);
 /// A timer that is off.

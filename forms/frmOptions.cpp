@@ -16,7 +16,8 @@ struct TickRow {
 void ticks(Control& frame, const std::vector<TickRow>& rows) {
     float top = 300;
     for (const TickRow& row : rows) {
-        design::place({&frame}, row.box, Kind::TickBox, {150, top, frame.box.width - 300, 315}, row.caption);
+        design::place({&frame}, row.box, Kind::TickBox, {150, top, frame.place.width - 300, 315},
+                      row.caption);
         top += 375;
     }
 }
@@ -85,9 +86,9 @@ void designScoring() {
     }
 }
 
-void frameOfTicks(design::Named frame, const Box& box, const char* caption,
+void frameOfTicks(design::Named frame, const Place& at, const char* caption,
                   const std::vector<TickRow>& rows) {
-    design::place({&frmOptions.fraSettings}, frame, Kind::Frame, box, caption);
+    design::place({&frmOptions.fraSettings}, frame, Kind::Frame, at, caption);
     ticks(frame.control, rows);
 }
 

@@ -168,7 +168,7 @@ void designTreatmentsPage(FrmTavix& f) {
 void designMonitor(FrmTavix& f) {
     const Container in{&f.form};
     label(in, NAMED(f, lblHealthBorder), {7800, 120, 7335, 3735}, "Health Monitor").look.framed = true;
-    label(in, NAMED(f, lblHealthScreen), {8280, 600, 6735, 2895});
+    label(in, NAMED(f, lblHealthScreen), {8280, 600, 6735, 2895}).look.drawing = Look::Drawing::HealthTrace;
     label(in, NAMED(f, lblMonitorY), {7860, 390, 750, 195}, "Health").look = smallText;
     label(in, NAMED(f, lblMonitorX), {7860, 3570, 600, 210}, "Time").look = smallText;
     constexpr std::array<const char*, 5> scale{"100", "75", "50", "25", "0"};
@@ -305,7 +305,8 @@ void designDevelopment(FrmTavix& f) {
 
 void designFrmTavix() {
     FrmTavix& f = frmTavix;
-    design::form(f.form, "frmTavix", "Tavix", 15495, 11280).closesAnyTime = true;
+    design::form(f.form, "frmTavix", "Tavix", 15495, 11280).window = WindowKind::Main;
+    f.form.closesAnyTime = true;
     designStatusLine(f);
     Control& tabs = design::place({&f.form}, NAMED(f, tabTavix), Kind::TabControl, {120, 1080, 7575, 9255});
     tabs.visible = false;

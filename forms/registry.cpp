@@ -1,5 +1,7 @@
 #include "forms/registry.h"
 
+#include <unordered_map>
+
 #include "forms/frmDiagnosis.h"
 #include "forms/frmLogin.h"
 #include "forms/frmNewSubject.h"
@@ -33,10 +35,12 @@ std::vector<Control*> forms() {
 }
 
 Control* find(const std::string& name) {
-    for (Control* control : allControls()) {
-        if (fullName(*control) == name) return control;
+    static std::unordered_map<std::string, Control*> byName;
+    if (byName.size() != allControls().size()) {
+        for (Control* control : allControls()) byName[fullName(*control)] = control;
     }
-    return nullptr;
+    const auto found = byName.find(name);
+    return found == byName.end() ? nullptr : found->second;
 }
 
 std::vector<Control*> childrenOf(const Control& container) {

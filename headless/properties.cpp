@@ -52,10 +52,10 @@ const std::map<std::string, Readable>& readables() {
         {"selLength", {{TextBox}, [](C c) { return c.selLength; }}},
         {"interval", {{Timer}, [](C c) { return c.interval.raw; }}},
         {"columns", {{Chart}, [](C c) { return c.columns; }}},
-        {"left", {{}, [](C c) { return c.box.left; }}},
-        {"top", {{}, [](C c) { return c.box.top; }}},
-        {"width", {{}, [](C c) { return c.box.width; }}},
-        {"height", {{}, [](C c) { return c.box.height; }}},
+        {"left", {{}, [](C c) { return c.place.left; }}},
+        {"top", {{}, [](C c) { return c.place.top; }}},
+        {"width", {{}, [](C c) { return c.place.width; }}},
+        {"height", {{}, [](C c) { return c.place.height; }}},
     };
     return table;
 }

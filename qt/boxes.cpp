@@ -5,7 +5,6 @@
 #include <optional>
 #include <vector>
 
-#include "forms/frmTavix.h"
 #include "forms/windows.h"
 #include "qt/edge.h"
 #include "qt/faces.h"
@@ -18,7 +17,7 @@ namespace {
 std::vector<QMessageBox*> onShow;
 
 QMessageBox* make(const MessageBox& box) {
-    auto* widget = new QMessageBox(formWindow::of(frmTavix.form));
+    auto* widget = new QMessageBox(formWindow::mainWindow());
     widget->setTextFormat(Qt::PlainText);
     widget->setWindowTitle(box.title.empty() ? QStringLiteral("Tavix") : faces::toQt(box.title));
     widget->setText(faces::toQt(box.text));

@@ -18,13 +18,13 @@ constexpr double traceWidth = 24;  // twips
 QRect overlayPlace(const Control& panel) {
     Control frame = frmTavix.lblHealthBorder;
     frame.parent = panel.parent;
-    frame.box.width = frmTavix.form.box.width - frame.box.left;
+    frame.place.width = frmTavix.form.place.width - frame.place.left;
     return geometry::place(frame);
 }
 
 void paintTrace(QWidget& overlay, const Control& panel) {
     const double scale = geometry::scaleOf(panel);
-    const QPointF origin(frmTavix.lblHealthBorder.box.left, frmTavix.lblHealthBorder.box.top);
+    const QPointF origin(frmTavix.lblHealthBorder.place.left, frmTavix.lblHealthBorder.place.top);
     QPainter painter(&overlay);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(

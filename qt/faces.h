@@ -27,6 +27,8 @@ namespace faces {
 Face frame(Control& control, QWidget* parent);
 Face label(Control& control, QWidget* parent);
 Face picture(Control& control, QWidget* parent);
+/// The program's emblem, which comes from no file.
+Face emblem(QWidget* parent);
 Face line(Control& control, QWidget* parent);
 Face button(Control& control, QWidget* parent);
 Face tickBox(Control& control, QWidget* parent);

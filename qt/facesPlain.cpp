@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "forms/frmSplash.h"
 #include "qt/emblem.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
@@ -27,7 +26,8 @@ int alignmentOf(const Control& control) {
 
 /// A label of two lines or more wraps at words, and its text begins at the top.
 bool isTall(const Control& control) {
-    return !control.look.fixedWidth && control.box.height > 2.1F * static_cast<float>(control.look.fontSize);
+    return !control.look.fixedWidth &&
+           control.place.height > 2.1F * static_cast<float>(control.look.fontSize);
 }
 
 void setLabelText(QLabel& label, const Control& control) {
@@ -87,22 +87,16 @@ Face label(Control& control, QWidget* parent) {
             {}};
 }
 
-namespace {
-
-/// The splash's picture is the emblem and comes from no file.
-Face emblemPicture(QWidget* parent) {
+Face emblem(QWidget* parent) {
     auto* widget = new QWidget(parent);
     hookPainting(widget, [](QWidget* target) {
         QPainter painter(target);
-        emblem::paint(painter, target->rect());
+        ::emblem::paint(painter, target->rect());
     });
     return {widget, [](Property) {}, [] {}, {}};
 }
 
-}  // namespace
-
 Face picture(Control& control, QWidget* parent) {
-    if (&control == &frmSplash.Picture1) return emblemPicture(parent);
     auto* label = new QLabel(parent);
     label->setAlignment(Qt::AlignCenter);
     const auto draw = [label, &control] {
@@ -139,7 +133,7 @@ Face line(Control& control, QWidget* parent) {
     };
     return {widget,
             [place](Property property) {
-                if (property == Property::Box) place();
+                if (property == Property::Place) place();
             },
             place,
             {}};

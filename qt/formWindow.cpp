@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <map>
 
-#include "forms/frmSplash.h"
-#include "forms/frmTavix.h"
 #include "forms/person.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
@@ -19,26 +17,27 @@ namespace formWindow {
 
 namespace {
 
-struct Window {
+struct Shown {
     QWidget* widget;
     std::function<void()> layOut;
 };
-std::map<const Control*, Window> windows;
+std::map<const Control*, Shown> windows;
+const Control* mainForm = nullptr;
 
 constexpr double shareOfScreen = 0.94;  // what the main screen takes at first, window frame left aside
 constexpr double dialogShare = 0.9;     // what a dialog takes of the screen at most
 constexpr double twipsPerPixel = 15;    // at the base scale
 constexpr int frameHeight = 40;         // pixels of a title bar, about
 
-bool isMain(const Control& form) { return &form == &frmTavix.form; }
+bool isMain(const Control& form) { return form.window == WindowKind::Main; }
 
 double scaleThatFits(const Control& form, QSize room) {
-    return std::min(room.width() / static_cast<double>(form.box.width),
-                    room.height() / static_cast<double>(form.box.height));
+    return std::min(room.width() / static_cast<double>(form.place.width),
+                    room.height() / static_cast<double>(form.place.height));
 }
 
 QSize sizeAt(const Control& form, double scale) {
-    return {qRound(form.box.width * scale), qRound(form.box.height * scale)};
+    return {qRound(form.place.width * scale), qRound(form.place.height * scale)};
 }
 
 QRect screenOf(const QWidget& widget) {
@@ -48,7 +47,7 @@ QRect screenOf(const QWidget& widget) {
 
 /// The content fills the window at one scale and stands in its middle.
 void fitContent(const Control& form) {
-    const Window& window = windows.at(&form);
+    const Shown& window = windows.at(&form);
     const double scale = scaleThatFits(form, window.widget->size());
     const QSize content = sizeAt(form, scale);
     geometry::setScale(form, scale);
@@ -88,7 +87,7 @@ void hookClosing(QWidget& widget, Control& form) {
 
 Qt::WindowFlags flagsOf(const Control& form) {
     if (isMain(form)) return Qt::Window;
-    if (&form == &frmSplash.form) return Qt::SplashScreen | Qt::FramelessWindowHint;
+    if (form.window == WindowKind::Splash) return Qt::SplashScreen | Qt::FramelessWindowHint;
     Qt::WindowFlags flags =
         Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::MSWindowsFixedSizeDialogHint;
     if (form.on.close) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
@@ -97,10 +96,10 @@ Qt::WindowFlags flagsOf(const Control& form) {
 
 /// Dialogs stand in the middle of the screen, at the scale of the main window and with a size that is fixed.
 void openDialog(const Control& form, QWidget& widget) {
-    const QWidget& main = *windows.at(&frmTavix.form).widget;
+    const QWidget& main = *mainWindow();
     const QRect screen = screenOf(main);
     const double scale =
-        std::min(geometry::scaleOf(frmTavix.form), scaleThatFits(form, screen.size() * dialogShare));
+        std::min(geometry::scaleOf(*mainForm), scaleThatFits(form, screen.size() * dialogShare));
     widget.setFixedSize(sizeAt(form, scale));
     fitContent(form);
     QRect place(QPoint(0, 0), widget.size());
@@ -111,7 +110,8 @@ void openDialog(const Control& form, QWidget& widget) {
 }  // namespace
 
 void make(Control& form, std::function<void()> layOut) {
-    QWidget* parent = isMain(form) ? nullptr : windows.at(&frmTavix.form).widget;
+    if (isMain(form)) mainForm = &form;
+    QWidget* parent = isMain(form) ? nullptr : mainWindow();
     auto* widget = new QWidget(parent, flagsOf(form));
     widget->setObjectName(faces::toQt(form.form));
     widget->setWindowTitle(faces::toQt(form.caption));
@@ -121,6 +121,8 @@ void make(Control& form, std::function<void()> layOut) {
 }
 
 QWidget* of(const Control& form) { return windows.at(&form).widget; }
+
+QWidget* mainWindow() { return of(*mainForm); }
 
 void show(Control& form, Property property) {
     QWidget& widget = *windows.at(&form).widget;

@@ -13,6 +13,9 @@ void make(Control& form, std::function<void()> layOut);
 
 QWidget* of(const Control& form);
 
+/// The main screen's, over which dialogs and boxes stand.
+QWidget* mainWindow();
+
 /// Brings a property of the form to its window.
 void show(Control& form, Property property);
 

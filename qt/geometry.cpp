@@ -37,9 +37,9 @@ QRect place(const Control& control) {
     const double scale = scaleOf(control);
     const bool onForm = control.parent != nullptr && control.parent->kind == Kind::Form;
     const QPoint origin = onForm ? frameOf(control).origin : QPoint(0, 0);
-    const QPoint topLeft(qRound(control.box.left * scale), qRound(control.box.top * scale));
-    const QPoint bottomRight(qRound((control.box.left + control.box.width) * scale),
-                             qRound((control.box.top + control.box.height) * scale));
+    const QPoint topLeft(qRound(control.place.left * scale), qRound(control.place.top * scale));
+    const QPoint bottomRight(qRound((control.place.left + control.place.width) * scale),
+                             qRound((control.place.top + control.place.height) * scale));
     return QRect(topLeft + origin, bottomRight + origin - QPoint(1, 1));
 }
 

@@ -21,7 +21,11 @@ namespace {
 std::map<const Control*, Face> faceOf;
 
 Face makeFace(Control& control, QWidget* parent) {
-    if (&control == &frmTavix.lblHealthScreen) return faces::monitor(control, parent);
+    switch (control.look.drawing) {
+        case Look::Drawing::HealthTrace: return faces::monitor(control, parent);
+        case Look::Drawing::Emblem: return faces::emblem(parent);
+        case Look::Drawing::OfItsKind: break;
+    }
     switch (control.kind) {
         case Kind::Frame: return faces::frame(control, parent);
         case Kind::Label: return faces::label(control, parent);
@@ -61,7 +65,7 @@ void show(Control& control, Property property) {
     switch (property) {
         case Property::Visible: face.widget->setVisible(control.visible); break;
         case Property::Enabled: face.widget->setEnabled(control.enabled); break;
-        case Property::Box: place(control); break;
+        case Property::Place: place(control); break;
         case Property::Focus: face.widget->setFocus(); break;
         default: face.show(property);
     }

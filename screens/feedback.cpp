@@ -97,9 +97,9 @@ void showFindings() {
 void placeBracket() {
     const float low = Options.UseNormalizeScore ? normalizedRowY : chanceRowY;
     setHeight(f.Line1, low - beliefRowY);
-    Box foot = f.Line2.box;
+    Place foot = f.Line2.place;
     foot.top = low;
-    setBox(f.Line2, foot);
+    setPlace(f.Line2, foot);
 }
 
 void showPenaltyAndHealth() {

@@ -131,7 +131,7 @@ TEST_F(Course, TheTraceFollowsTheSimulatedTime) {
     const auto& segments = f.linHealth;
     EXPECT_FAULT(modHealth::plotHealth(), DivisionByZero);
     setClock(1, 58, 4, 4);
-    EXPECT_EQ(f.linTimeScale[6].box.left, 9122 + 6 * 842);
+    EXPECT_EQ(f.linTimeScale[6].place.left, 9122 + 6 * 842);
     modHealth::resetHealth();
     for (int i = 0; i < 1347; ++i) modHealth::plotHealth();
     s.elapsedMinutes = 480;

@@ -101,7 +101,7 @@ std::string nextAct() {
 
 void note(const Control& control, Property property) {
     static const std::map<Property, std::string> names{
-        {Property::Box, "height"},      {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
+        {Property::Place, "height"},    {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
         {Property::Caption, "caption"}, {Property::Text, "text"},       {Property::Selection, "selStart"},
         {Property::Items, "items"},     {Property::Value, "value"},     {Property::Range, "max"},
         {Property::Design, "visible"},  {Property::Focus, "focus"},     {Property::Interval, "interval"},

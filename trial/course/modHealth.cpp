@@ -21,7 +21,7 @@ constexpr int startTrend = -5;
 constexpr int harm = 200;
 constexpr double millisecondsInMinute = 60000.0;
 
-const Box& panel() { return frmTavix.lblHealthScreen.box; }
+const Place& panel() { return frmTavix.lblHealthScreen.place; }
 
 /// 0 at the top of the panel, 1 at the bottom.
 double depthOf(Int16 health) { return (Int16(fullHealth) - health).toFloat() / fullHealth; }
@@ -37,7 +37,8 @@ void initHealthMonitor() {
     trialState.monitorSegments = round16(panel().width / segmentWidth);
     for (int i = 0; i < Elements<7>::count(); ++i) {
         Control& tick = frmTavix.linTimeScale[i];
-        setBox(tick, {static_cast<float>((gap * i + first).toFloat()), tick.box.top, 0, tick.box.height});
+        setPlace(tick,
+                 {static_cast<float>((gap * i + first).toFloat()), tick.place.top, 0, tick.place.height});
     }
     frmTavix.linHealth.renew(trialState.monitorSegments);
 }
