@@ -1,18 +1,19 @@
-# Reads tests/openings and a story, and makes of it in the folder `out`: a script N.tvx for each run of the program, what it
-# shall print (N.wanted), how it shall end (N.how: status, and what standard error says), and the tables of its store.
+# Reads tests/openings and a story, and makes of it in the folder `out`: a script N.tvx for each run of the
+# program, what it shall print (N.wanted), how it shall end (N.how: status, and what standard error says), and
+# the tables of its store. A line that ends in a backslash goes on in the next.
 #
-#   @setting NAME COLUMN=V ...   a scenario like Plain with these columns; `bare`: without its rows in other tables
+#   @setting NAME COLUMN=V ...   a scenario like Plain with these columns; `bare`: without rows elsewhere
 #   @table FILE [HEADER]         empties a table;  @row FILE CELLS [*7] adds a row to it
 #   @start [ends | fault N | fails REASON]
-#                                starts the program once more on the same store. Its last command may end it: in good
-#                                order, with a run-time fault, or as a command that cannot be done.
+#                                starts the program once more on the same store. Its last command may end it:
+#                                in good order, with a run-time fault, or as what cannot be done.
 #   > TEXT                       what the line before prints; a last * stands for any rest
 # Other lines are commands of the script language, openings and checks, with " | " between them:
-#   CONTROL... = TEXT            captions, texts, values, items, or .PROPERTY;  FIELD... = TEXT  of the run state
+#   CONTROL... = TEXT            captions, texts, values, items, or .PROPERTY;  FIELD... = TEXT  of the state
 #   CONTROL... shown             or hidden, enabled, disabled, focused
 #   box = TEXT                   what the message box says; box.title
 #   refused COMMAND              cannot be done
-# T. D. O. L. N. are frmTavix, frmDiagnosis, frmOptions, frmLogin, frmNewSubject; {TEXT*N} is N times the text.
+# T. D. O. L. N. are frmTavix, frmDiagnosis, frmOptions, frmLogin, frmNewSubject; {TEXT*N} is N times TEXT.
 
 function stop(reason) { print FILENAME ":" FNR ": " reason > "/dev/stderr"; broken = 1; exit 1 }
 
@@ -59,7 +60,8 @@ function setting(text,    word, n, i, k, changes, files, file, line, head, cell,
         while ((getline line < file) > 0) if (sub(/^Plain,/, word[1] ",", line)) {
             n = split(line, cell, ",")
             rows = rows word[1]
-            for (k = 2; k <= n; ++k) rows = rows "," (i == 1 && head[k] in changes ? changes[head[k]] : cell[k])
+            for (k = 2; k <= n; ++k)
+                rows = rows "," (i == 1 && head[k] in changes ? changes[head[k]] : cell[k])
             rows = rows "\n"
         }
         n = 4; close(file); printf "%s", rows >> file; close(file)
@@ -141,8 +143,8 @@ function play(text,    verb, last, at) {
 
 BEGIN {
     mark = "get frmLogin.caption"
-    verbs = " click dblclick type paste key choose slide tick untick mark pick tab answer close wait run draw get state " \
-            "sql expect try "
+    verbs = " click dblclick type paste key choose slide tick untick mark pick tab answer close wait run " \
+            "draw get state sql expect try "
     form["T"] = "frmTavix"; form["D"] = "frmDiagnosis"; form["O"] = "frmOptions"; form["L"] = "frmLogin"
     form["N"] = "frmNewSubject"
     usual["lbl"] = usual["tag"] = usual["cmd"] = usual["fra"] = ".caption"; usual["lst"] = ".items"
@@ -150,8 +152,10 @@ BEGIN {
     usual["hsb"] = usual["chk"] = usual["opt"] = usual["tab"] = ".value"
     suffix["shown"] = suffix["hidden"] = ".visible"; suffix["enabled"] = suffix["disabled"] = ".enabled"
     suffix["focused"] = ".focus"
-    state["shown"] = state["enabled"] = state["focused"] = "true"; state["hidden"] = state["disabled"] = "false"
+    state["shown"] = state["enabled"] = state["focused"] = "true"
+    state["hidden"] = state["disabled"] = "false"
 }
+{ while (sub(/\\$/, "")) { all = $0; getline; $0 = all $0 } }
 /^#/ || /^ *$/ { next }
 NR == FNR { opening[$1] = restFrom($0, 2); sub(/^ +/, "", opening[$1]); next }
 /^> / { expectLine(substr($0, 3)); next }
@@ -169,6 +173,6 @@ NR == FNR { opening[$1] = restFrom($0, 2); sub(/^ +/, "", opening[$1]); next }
         text = text all after
     }
     count = split(text, part, / \| /)
-    for (i = 1; i <= count; ++i) play(part[i])
+    for (i = 1; i <= count; ++i) if (part[i] != "") play(part[i])
 }
 END { if (!broken) finish() }

@@ -1,4 +1,5 @@
-# The script language itself: what cannot be done is said with its line and its reason, and ends the script with status 1.
+# The script language itself: what cannot be done is said with its line and its reason, and ends the script
+# with status 1.
 new kim Plain
 refused wait -1
 refused nothing

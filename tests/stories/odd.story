@@ -1,4 +1,5 @@
-# People without an introduction, files that are missing or no pictures, scenarios that are too small or too large.
+# People without an introduction, files that are missing or no pictures, scenarios that are too small or too
+# large.
 @setting Bare bare TreatmentProperty=-1
 @setting Six bare
 @table tblPatients
@@ -16,10 +17,11 @@
 @row tblDiseaseSymptom Plain,yes,2,0,100,,,,
 @row tblDiseaseSymptom Plain,no,2,100,0,,,,
 @row tblDiseaseSymptom Six,yes,6,50,50,50,50,50,50
-# Percents of 0 and 100 are never and always met, rates that add up to 50 keep the old disease when the draw is beyond
-# them. A person without an introduction leaves the text of the last one.
+# Percents of 0 and 100 are never and always met, rates that add up to 50 keep the old disease when the draw
+# is beyond them. A person without an introduction leaves the text of the last one.
 new kim Plain 0x8 0 0.495 0.995 0 | T.lblHeight = 0'11" | diseaseIndex = 1 | findingsMask = 2 | die
-next 0.2 0.505 0.995 0 | T.lblPatientName = Ida Short | T.lblGender = Female | T.lblHeight = 5'0" | diseaseIndex = 1
+next 0.2 0.505 0.995 0 | T.lblPatientName = Ida Short | T.lblGender = Female | T.lblHeight = 5'0"
+diseaseIndex = 1
 mark T.txtIntro 31 12 | click T.cmdEvidence | T.lstSymptoms = ["01) stairs.\r\nHis"]
 @start fault 53
 new lea2 Plain 0x8 0.5 0.5 0.5x2

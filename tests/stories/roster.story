@@ -1,22 +1,24 @@
-# Two people, no cycling: who comes next is drawn until somebody untreated comes up, fifty times at most; when all are
-# through, the moderator is asked.
+# Two people, no cycling: who comes next is drawn until somebody untreated comes up, fifty times at most; when
+# all are through, the moderator is asked.
 @setting Moderated CyclePatients=no
-new kim Moderated 0x9 0.495 0 0.5x3 | currentPatient = 0 | patientsSeen trialNumber = 1 | T.imgPatient = anna.png
-patients(0).status = Under Surveillance | patients(1).status = Untreated | patients(0).guess = None
+new kim Moderated 0x9 0.495 0 0.5x3 | patients(0).status = Under Surveillance | patients(1).status = Untreated
 # 75.0 points fall by 5 tenths a tick of 62 ms: dead at the 150th
-draw 0x149 | wait 9299 | draw 0.01 | wait 1 | box.title = Results | ok Patient Anna Bell has died | patients(0).status = Dead
+draw 0x149 | wait 9299 | draw 0.01 | wait 1 | box.title = Results | ok Patient Anna Bell has died
+patients(0).status = Dead
 # fifty draws that hit the dead: no new case, the labels and the number of the trial stay, the trial runs
-next 0x50 | box.title = "" | ok Could not retrieve patient info | currentPatient = 0 | patientsSeen trialNumber = 1
-patients(0).status = Dead | health = 750 | T.cmdIssue enabled | die
+next 0x50 | box.title = "" | ok Could not retrieve patient info | patientsSeen trialNumber = 1
+patients(0).status = Dead
+health = 750 | T.cmdIssue enabled | die
 # the fiftieth draw finds the other one
-next 0x49 0.5 0 0.5x3 | patientsSeen trialNumber = 2 | T.lblPatientName = Karl Dorn | T.lblAge = 61 | T.lblGender = Male
+next 0x49 0.5 0 0.5x3 | patientsSeen trialNumber = 2 | T.lblPatientName = Karl Dorn | T.lblAge = 61
+T.lblGender = Male
 T.lblHeight = 5'10" | T.lblWeight = 180 lbs | T.imgPatient = karl.png | diagnose Brill | die
 # all are through: asked only now; the guess of the last cycle stays
 next 0.99 0.995 0.5x3 | patientsSeen = 2
 box
-> {"title":"All Patients Diagnosed","text":"Please alert moderator to click Yes to cycle again or No to quit","buttons":["Yes",*
-answer Yes | patientsSeen currentPatient = 1 | trialNumber = 3 | patients(0).status = Untreated
-patients(1).guess = Brill 1% | patients(1).disease = Corvex
+> {"title":"All Patients Diagnosed","text":"Please alert moderator to click Yes to cycle again or No to \
+quit","buttons":["Yes",*
+answer Yes | patientsSeen = 1 | patients(0).status = Untreated | patients(1).guess = Brill 1%
 @start ends
 # Back the next day: the number of the trial goes on. No ends the program with no further row.
 back KIM Moderated 0 0 0.5x3 | die | next 0.99 0 0.5x3 | die | next

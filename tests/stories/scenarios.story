@@ -18,15 +18,19 @@
 @row dataTrial Lea,Half,7,1
 @row dataTrial max,Late,30,5
 # Empty flags stay off, texts are taken as they stand; the rates are reached by the place in the sorted list.
-L.cboType.items = ["Bad","Below","Four","Half","Late","Long","O'Hara","Plain"] | new kim Half 0.99 0x5 0.99 0 0 0.595 0.795 0.305
-O.hsbLength = 30 | O.txtTime(0) = 9 | T.lblClock = 09:30 | O.txtBeliefCost = 1e1 | O.txtHealAward = x | score = 12
+L.cboType.items = ["Bad","Below","Four","Half","Late","Long","O'Hara","Plain"]
+new kim Half 0.99 0x5 0.99 0 0 0.595 0.795 0.305
+O.hsbLength = 30 | O.txtTime(0) = 9 | T.lblClock = 09:30 | O.txtBeliefCost = 1e1 | O.txtHealAward = x
+score = 12
 O.chkForce O.chkStopTime O.chkTreatments O.chkOneTreatment O.chkDiseaseProbability = 1
 O.chkOptionsFrequency O.chkYoke O.chkInitToBaseRates O.chkSVD O.chkRisk O.chkFeedbackTests = 0
 T.lblBaseRates = "    0.60              0.40     Base Rates" | patients(0).disease = Brill | findingsMask = 2
 T.txtSvD.text = "    0.80              0.10     Unrest\r\n    0.30              0.70     Quiver\r\n"
 @start
-# The stored order, and no more words than were stored; the trial that was left open counts, with the score before it.
-back KIM Half 0 0.6 0.095 0.705 | score = 12 | symptomTerms = ["Unrest","Quiver"] | diseaseTerms = ["Brill","Aavo"]
+# The stored order, and no more words than were stored; the trial that was left open counts, with the score
+# before it.
+back KIM Half 0 0.6 0.095 0.705 | score = 12 | symptomTerms = ["Unrest","Quiver"]
+diseaseTerms = ["Brill","Aavo"]
 @start
 # Of two stored orders the first, without the blanks around its words; number and score of the highest trial.
 back lea Half 0 0 0 0 | diseaseTerms = ["Brill","Aavo"] | symptomTerms = ["Rash","Quiver","Pallor"]
@@ -47,8 +51,9 @@ new dan O'Hara | box.title = Problems opening table
 box = Error 1: near "Hara": syntax error\r\nStatus was Loading options\r\nRetry?
 answer No
 @start fault 11
-# A start hour of 13 that nobody can correct: no clock is set up, the trial begins with the intervals of the design and
-# no score, and its first plot step finds no length.
+# A start hour of 13 that nobody can correct: no clock is set up, the trial begins with the intervals of the
+# design and no score, and its first plot step finds no length.
 new late Late | O hidden | T.tmrClock disabled | trialNumber = 0 | ok Invalid Start Time
-T.tmrClock.interval = 1000 | T.tmrHealthMonitor.interval = 178 | T.tmrClock enabled | T.lblScore = 0 | wait 177
+T.tmrClock.interval = 1000 | T.tmrHealthMonitor.interval = 178 | T.tmrClock enabled | T.lblScore = 0
+wait 177
 wait 1
