@@ -48,10 +48,12 @@ struct Look {
     bool bold = false;
     bool fixedWidth = false;
     Align align = Align::Left;
-    bool primary = false;   ///< the button that leads on
-    bool alarming = false;  ///< a label that says what is wrong
-    bool framed = false;    ///< a label drawn as a frame around other controls
-    bool clips = false;     ///< a text too long for its place is cut and not set smaller
+    bool primary = false;              ///< the button that leads on
+    bool alarming = false;             ///< a label that says what is wrong
+    bool framed = false;               ///< a label drawn as a frame around other controls
+    bool clips = false;                ///< a text too long for its place is cut and not set smaller
+    bool echoes = false;               ///< a press of the button is seen for a moment
+    std::array<int, 3> ink{-1, 0, 0};  ///< lines: red, green and blue, where the theme does not choose
     Drawing drawing = Drawing::OfItsKind;
 };
 
@@ -84,6 +86,7 @@ struct Control {
     bool multiLine = false;    ///< text boxes
     bool multiSelect = false;  ///< lists
     bool readOnly = false;     ///< text boxes that can be selected in and not typed in
+    std::string prompt;        ///< combo boxes: what they are for, seen while they are empty
     int smallChange = 1;       ///< scroll bars
     int largeChange = 1;
 
@@ -104,9 +107,10 @@ struct Control {
     Int32 interval;                          ///< timers, milliseconds
     std::array<std::string, 2> columns;      ///< charts
     WindowKind window = WindowKind::Dialog;  ///< forms
-    bool closesAnyTime = false;              ///< forms whose window button works behind a modal form too
-    bool modal = false;                      ///< forms on show
-    Control* active = nullptr;               ///< forms: the control that has the focus
+    Place content;  ///< the main form: the margin at the left, and size of what is used of the client area
+    bool closesAnyTime = false;  ///< forms whose window button works behind a modal form too
+    bool modal = false;          ///< forms on show
+    Control* active = nullptr;   ///< forms: the control that has the focus
 
     Handlers on;
 };
@@ -124,7 +128,8 @@ enum class Property {
     Range,
     Interval,
     Columns,
-    Focus
+    Focus,
+    Press  ///< buttons: the person presses, before anything comes of it
 };
 
 /// Told of every change after it has happened and before the form's handler runs. Property::Design on a

@@ -15,6 +15,8 @@ constexpr Look tagText{180};
 constexpr Look tableText{190, false, true};
 constexpr Look nameValue{285, true};
 constexpr Look bigValue{405, true};
+constexpr const char* chooseTreatment = "Choose Treatment...";
+constexpr std::array<int, 3> gridGrey{0xC0, 0xC0, 0xC0};
 
 std::vector<PlotWatcher>& plotWatchers() {
     static std::vector<PlotWatcher> list;
@@ -161,8 +163,9 @@ void designTreatmentsPage(FrmTavix& f) {
     help.look = tagText;
     help.look.clips = true;  // its caption grows with each patient
     design::place(in, NAMED(f, lstTreatments), Kind::ListBox, {150, 465, 7035, 4335}).look = tableText;
-    design::place(in, NAMED(f, cboTreatment), Kind::ComboBox, {150, 4965, 4425, 405}, "Choose Treatment...");
-    design::button(in, NAMED(f, cmdPrescribe), {4665, 4935, 2520, 465}, "Prescribe");
+    design::place(in, NAMED(f, cboTreatment), Kind::ComboBox, {150, 4965, 4425, 405}, chooseTreatment)
+        .prompt = chooseTreatment;
+    design::button(in, NAMED(f, cmdPrescribe), {4665, 4935, 2520, 465}, "Prescribe").look.echoes = true;
 }
 
 void designMonitor(FrmTavix& f) {
@@ -181,7 +184,7 @@ void designMonitor(FrmTavix& f) {
     for (int i = 0; i < 7; ++i) {
         const float y = 600 + 2895 * static_cast<float>(i + 1) / 8;
         const float x = 9122 + 842 * static_cast<float>(i);
-        design::line(in, NAMED_AT(f, linHealthScale, i), 8280, y, 15015, y);
+        design::line(in, NAMED_AT(f, linHealthScale, i), 8280, y, 15015, y).look.ink = gridGrey;
         design::line(in, NAMED_AT(f, linTimeScale, i), x, 3495, x, 3555);
         label(in, NAMED_AT(f, lblX, i), {x - 375, 3570, 750, 210}, "15:00").look = {165, false, false,
                                                                                     Look::Align::Centre};
@@ -307,6 +310,7 @@ void designFrmTavix() {
     FrmTavix& f = frmTavix;
     design::form(f.form, "frmTavix", "Tavix", 15495, 11280).window = WindowKind::Main;
     f.form.closesAnyTime = true;
+    f.form.content = {120, 0, 15255, 10455};
     designStatusLine(f);
     Control& tabs = design::place({&f.form}, NAMED(f, tabTavix), Kind::TabControl, {120, 1080, 7575, 9255});
     tabs.visible = false;

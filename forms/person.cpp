@@ -54,7 +54,7 @@ void act(Control& control) {
         case Kind::OptionButton: setValue(control, 1); break;
         case Kind::ComboBox: break;  // only taking an item counts
         case Kind::Label: break;     // only a double click counts
-        default: run(control.on.click);
+        default: tellWatchers(control, Property::Press); run(control.on.click);
     }
 }
 

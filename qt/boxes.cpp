@@ -19,7 +19,8 @@ std::vector<QMessageBox*> onShow;
 QMessageBox* make(const MessageBox& box) {
     auto* widget = new QMessageBox(formWindow::mainWindow());
     widget->setTextFormat(Qt::PlainText);
-    widget->setWindowTitle(box.title.empty() ? QStringLiteral("Tavix") : faces::toQt(box.title));
+    // The toolkit would fill in an empty title.
+    widget->setWindowTitle(box.title.empty() ? QStringLiteral(" ") : faces::toQt(box.title));
     widget->setText(faces::toQt(box.text));
     widget->setIcon(box.icon == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon);
     widget->setModal(false);

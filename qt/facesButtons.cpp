@@ -42,7 +42,7 @@ Face checkable(Control& control, QWidget* parent) {
         const QFont font = look::font(control.look, geometry::scaleOf(control));
         const int mark = font.pixelSize() * 2;  // the box and its gap
         box->setFont(geometry::fitted(font, toQt(control.caption), box->size() - QSize(mark, 0), 0));
-        box->setText(literally(control.caption));
+        box->setText(geometry::cut(*box, toQt(control.caption), box->width() - mark).replace("&", "&&"));
     };
     return {box,
             [showValue, restyle](Property property) {

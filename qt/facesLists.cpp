@@ -1,10 +1,8 @@
-// Faces of lists, belief meters, progress charts and the pages.
+// Faces of lists, progress charts and the pages.
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
-#include <QSlider>
 #include <QTabBar>
-#include <QWheelEvent>
 #include <memory>
 
 #include "forms/person.h"
@@ -61,23 +59,6 @@ void hookPicks(QListWidget* list, Control& control, const std::function<void()>&
     onPerson(list, &QListWidget::itemClicked, pickPressed, show);
 }
 
-void showRange(QSlider& slider, const Control& control) {
-    const Showing showing;
-    slider.setRange(control.min.toInt(), control.max.toInt());
-    slider.setValue(control.value.toInt());
-}
-
-/// One step a notch, whatever the desktop scrolls elsewhere.
-void hookWheel(QSlider* slider, Control& control) {
-    hookEvents(slider, [&control](QEvent* event) {
-        if (event->type() != QEvent::Wheel) return false;
-        const int notches =
-            static_cast<QWheelEvent*>(event)->angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
-        act([&control, notches] { person::step(control, notches); });
-        return true;
-    });
-}
-
 void showProgress(QProgressBar& bar, const Control& control) {
     const int gone = static_cast<int>(numberText::toNumber(control.columns[0]));
     const int left = static_cast<int>(numberText::toNumber(control.columns[1]));
@@ -127,24 +108,6 @@ Face listBox(Control& control, QWidget* parent) {
                 if (property == Property::Selection) showSelection(*list, control);
             },
             fill,
-            {}};
-}
-
-Face meter(Control& control, QWidget* parent) {
-    auto* slider = new QSlider(Qt::Horizontal, parent);
-    slider->setSingleStep(control.smallChange);
-    slider->setPageStep(control.largeChange);
-    slider->setFocusPolicy(Qt::StrongFocus);
-    const auto show = [slider, &control] { showRange(*slider, control); };
-    onPerson(
-        slider, &QSlider::valueChanged, [&control](int value) { person::slide(control, value); }, show);
-    hookWheel(slider, control);
-    hookKeys(slider, control);
-    return {slider,
-            [show](Property property) {
-                if (property == Property::Value || property == Property::Range) show();
-            },
-            show,
             {}};
 }
 

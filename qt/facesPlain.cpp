@@ -32,6 +32,7 @@ bool isTall(const Control& control) {
 
 void setLabelText(QLabel& label, const Control& control) {
     const QString text = toQt(control.caption);
+    QString shown = text;
     if (control.look.fixedWidth) {
         label.setFont(tableFont::of(control, label.width()));
     } else {
@@ -39,8 +40,9 @@ void setLabelText(QLabel& label, const Control& control) {
         const int flags = isTall(control) ? Qt::TextWordWrap : 0;
         label.setFont(control.look.clips ? font
                                          : geometry::fitted(font, text, label.contentsRect().size(), flags));
+        if (!isTall(control)) shown = geometry::cut(label, text, label.contentsRect().width());
     }
-    label.setText(text);
+    label.setText(shown);
 }
 
 /// A label that answers a double click is reached and pressed by keyboard too.
@@ -122,8 +124,11 @@ Face picture(Control& control, QWidget* parent) {
 Face line(Control& control, QWidget* parent) {
     auto* widget = new QWidget(parent);
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
-    hookPainting(widget,
-                 [](QWidget* target) { QPainter(target).fillRect(target->rect(), look::colours().faint); });
+    const auto [red, green, blue] = control.look.ink;
+    const QColor ink = red < 0 ? QColor() : QColor(red, green, blue);
+    hookPainting(widget, [ink](QWidget* target) {
+        QPainter(target).fillRect(target->rect(), ink.isValid() ? ink : look::colours().faint);
+    });
     // All lines are upright or level; they are never thinner than a pixel.
     const auto place = [widget, &control] {
         const QRect rect = geometry::place(control);

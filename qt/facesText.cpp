@@ -243,6 +243,7 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setMaxVisibleItems(12);
     QWidget* arrow = makeArrow(box);
     QLineEdit* edit = box->lineEdit();
+    edit->setPlaceholderText(toQt(control.prompt));
     const auto showChoice = [box, edit, &control] {
         followText(*box, control);
         showText(*edit, control);

@@ -11,6 +11,9 @@ namespace formWindow {
 /// Makes the window of a form. `layOut` places its controls anew when the scale has changed.
 void make(Control& form, std::function<void()> layOut);
 
+/// The main screen's controls have come or gone: its content takes the room that there is.
+void fit(Control& form);
+
 QWidget* of(const Control& form);
 
 /// The main screen's, over which dialogs and boxes stand.

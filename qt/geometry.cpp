@@ -5,12 +5,13 @@
 #include <cstdlib>
 #include <map>
 
+#include "qt/look.h"
+
 namespace geometry {
 
 namespace {
 
 constexpr double defaultScale = 1.0 / 15.0;
-constexpr int leastPixels = 7;
 constexpr double leastShare = 0.6;  // of the designed size
 
 struct Frame {
@@ -45,12 +46,20 @@ QRect place(const Control& control) {
 
 QFont fitted(QFont font, const QString& text, QSize room, int flags) {
     const int designed = font.pixelSize();
-    for (int size = designed; size >= leastPixels && size >= designed * leastShare; --size) {
+    for (int size = designed; size >= look::leastPixels() && size >= designed * leastShare; --size) {
         font.setPixelSize(size);
         const QRect bounds = QFontMetrics(font).boundingRect(QRect(0, 0, room.width(), 1 << 16), flags, text);
         if (bounds.width() <= room.width() && bounds.height() <= room.height()) break;
     }
     return font;
+}
+
+QString cut(QWidget& widget, const QString& text, int width) {
+    const QString shown = widget.fontMetrics().elidedText(text, Qt::ElideRight, width);
+    const bool isCut = shown != text;
+    if (isCut || widget.property("cut").toBool()) widget.setToolTip(isCut ? text : QString());
+    widget.setProperty("cut", isCut);
+    return shown;
 }
 
 QString brokenInTwo(const QString& text, const QFont& font, int width) {

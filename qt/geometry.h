@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
+#include <QWidget>
 
 #include "forms/control.h"
 
@@ -26,6 +27,10 @@ QRect place(const Control& control);
 
 /// The largest size up to that of `font` at which the text fits into `room`. Flags as for drawing texts.
 QFont fitted(QFont font, const QString& text, QSize room, int flags);
+
+/// The text as far as it goes into `width` pixels in the widget's font. A text that is cut ends in an
+/// ellipsis, and the widget tells the whole as its tool tip.
+QString cut(QWidget& widget, const QString& text, int width);
 
 /// The text with a line break at the blank nearest its middle, if it is wider than `width`.
 QString brokenInTwo(const QString& text, const QFont& font, int width);

@@ -82,6 +82,7 @@ QPushButton:hover { background: @hover; }
 QPushButton:focus { border: #3px solid @accent; }
 QPushButton:pressed { background: @accent; color: @onAccent; }
 QPushButton:disabled { color: @disabledText; border: 1px solid @border; background: @card; }
+QPushButton[echo="true"] { background: @accent; color: @onAccent; }
 QPushButton[role="primary"] { background: @accent; color: @onAccent; }
 QPushButton[role="primary"]:focus { border: #3px solid @text; }
 QPushButton[role="primary"]:disabled { background: @card; color: @disabledText; border: 1px solid @border; }
@@ -98,21 +99,17 @@ QCheckBox, QRadioButton { color: @text; padding-left: #2px; spacing: #6px; borde
 QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
 QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
 QCheckBox::indicator, QRadioButton::indicator { width: #15px; height: #15px; }
+QCheckBox::indicator:unchecked, QRadioButton::indicator:unchecked { width: #13px; height: #13px;
+    border: 1px solid @outline; background: @field; border-radius: #2px; }
+QRadioButton::indicator:unchecked { border-radius: #7px; }
 QTabBar { background: transparent; }
 QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; padding: 0px #14px;
     border-top-left-radius: #6px; border-top-right-radius: #6px; margin-right: #3px; height: #24px; }
 QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card; border-top: #3px solid @accent;
     height: #26px; }
-QTabBar::tab:selected:focus { color: @accent; border: #3px solid @accent; }
+QTabBar::tab:selected:focus { color: @accent; border: #3px solid @accent; padding: 0px #11px; }
 QProgressBar { background: @field; border: 1px solid @border; border-radius: #4px; text-align: center; color: @text; }
 QProgressBar::chunk { background: @chunk; border-radius: #3px; }
-QSlider { background: transparent; border: #2px solid transparent; border-radius: #4px; }
-QSlider:focus { border-color: @accent; }
-QSlider::groove:horizontal { height: #6px; background: @border; border-radius: #3px; }
-QSlider::sub-page:horizontal { background: @accent; border-radius: #3px; }
-QSlider::handle:horizontal { background: @text; width: #8px; margin: -#4px 0px; border-radius: #3px; }
-QSlider::sub-page:horizontal:disabled { background: @faint; }
-QSlider::handle:horizontal:disabled { background: transparent; }
 QScrollBar:vertical { background: transparent; width: #10px; }
 QScrollBar:horizontal { background: transparent; height: #10px; }
 QScrollBar::handle { background: @border; border-radius: #5px; min-height: #24px; min-width: #24px; }
@@ -147,6 +144,7 @@ QString sheet(const Colours& c, double unit) {
         {"@window", c.window.name()},
         {"@card", c.card.name()},
         {"@border", c.border.name()},
+        {"@outline", c.faint.name()},
         {"@text", c.text.name()},
         {"@faint", c.faint.name()},
         {"@accent", c.accent.name()},
@@ -184,10 +182,12 @@ void apply(bool dark) {
     setUnit(1.0);
 }
 
+int leastPixels() { return static_cast<int>(std::ceil(11 / qApp->devicePixelRatio())); }
+
 QFont font(const Look& wanted, double scale) {
     QFont font(wanted.fixedWidth ? family("DejaVu Sans Mono", QFontDatabase::FixedFont)
                                  : family("Inter", QFontDatabase::GeneralFont));
-    font.setPixelSize(std::max(6, qRound(wanted.fontSize * scale)));
+    font.setPixelSize(std::max(leastPixels(), qRound(wanted.fontSize * scale)));
     font.setBold(wanted.bold);
     return font;
 }

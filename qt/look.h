@@ -24,6 +24,9 @@ void apply(bool dark);
 /// Pixels to which a length of one pixel in the sheet has grown with the main window.
 void setUnit(double unit);
 
+/// Height of the smallest font, pixels: 11 on the screen.
+int leastPixels();
+
 /// A control's font at `scale` pixels per twip.
 QFont font(const Look& wanted, double scale);
 

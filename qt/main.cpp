@@ -17,6 +17,7 @@
 #include "qt/emblem.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
+#include "qt/pressEcho.h"
 #include "qt/realTimers.h"
 #include "screens/wiring.h"
 #include "trial/run/run.h"
@@ -69,6 +70,7 @@ int main(int argc, char** argv) {
     std::random_device chance;
     randomSource::fixState((std::uint64_t{chance()} << 32U) | chance());
     mirror::build();
+    pressEcho::begin();
     realTimers::build();
     edge::run(run::startApplication);
     return QApplication::exec();

@@ -63,7 +63,10 @@ void layOut(Control& form) {
 void show(Control& control, Property property) {
     const Face& face = faceOf.at(&control);
     switch (property) {
-        case Property::Visible: face.widget->setVisible(control.visible); break;
+        case Property::Visible:
+            face.widget->setVisible(control.visible);
+            if (control.parent->kind == Kind::Form) formWindow::fit(*control.parent);
+            break;
         case Property::Enabled: face.widget->setEnabled(control.enabled); break;
         case Property::Place: place(control); break;
         case Property::Focus: face.widget->setFocus(); break;
@@ -96,6 +99,7 @@ void onChange(Control& control, Property property) {
         show(control, property);
     } else if (property == Property::Design) {
         showAll(control);
+        formWindow::show(control, property);
     } else {
         formWindow::show(control, property);
     }

@@ -118,7 +118,7 @@ m('Q06', 'forms/person.cpp', 'case Kind::Button: return code == keys::enter || c
 m('Q08', 'qt/facesLists.cpp', '    slider->setPageStep(control.largeChange);\n', '', 'Page Up and Down move a meter by its large step')
 m('Q10', 'forms/person.cpp', 'control.on.doubleClick && (code == keys::enter || code == keys::space);', 'control.on.doubleClick && code == keys::enter;', 'the space bar measures a vital sign')
 m('Q12', 'forms/lineBreaks.cpp', 'at += isBreak ? breakLength : text::', 'at += isBreak ? 1 : text::', 'a line break counts as two')
-m('Q14', 'qt/formWindow.cpp', '        std::min(geometry::scaleOf(frmTavix.form), scaleThatFits(form, screen.size() * dialogShare));\n', '        geometry::scaleOf(frmTavix.form);\n    static_cast<void>(dialogShare);\n', 'a dialog fits the screen')
+m('Q14', 'qt/formWindow.cpp', '        std::min(geometry::scaleOf(*mainForm), scaleThatFits(form, screen.size() * dialogShare));\n', '        geometry::scaleOf(*mainForm);\n    static_cast<void>(dialogShare);\n', 'a dialog fits the screen')
 m('Q16', 'qt/mirror.cpp', '        case Property::Enabled: face.widget->setEnabled(control.enabled); break;\n', '        case Property::Enabled: break;\n', 'what is disabled cannot be pressed')
 m('Q18', 'qt/mirror.cpp', '    if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));\n', '', 'a screen reader hears the new value')
 m('Q20', 'qt/mirror.cpp', '    edge::connect(qApp, &QApplication::focusChanged, takeFocus);\n', '    static_cast<void>(takeFocus);\n', "the person's focus is the record's")

@@ -48,7 +48,7 @@ TEST_F(Access, WhatAScreenReaderIsToldIsWhatWasReviewed) {
     const std::string told = allThatIsSpoken();
     const QByteArray hash =
         QCryptographicHash::hash(QByteArray::fromStdString(told), QCryptographicHash::Md5).toHex();
-    if (hash == "b0d05f2179b05cf862a492c7a0a2e99a") return;
+    if (hash == "b9866c6ec78a7e7860e5f7c8c9e0ba7b") return;
     std::ofstream("spoken.txt") << told;
     ADD_FAILURE() << hash.toStdString() << ": names, roles or captions have changed. Read spoken.txt in the "
                   << "folder of this run; if it is right, this is the hash.";

@@ -9,7 +9,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QSlider>
+#include <QScrollBar>
+
 #include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QtTest/QTest>
@@ -198,18 +199,19 @@ void choose(Control& control, const std::string& item) {
 }
 
 /// Drags the handle to where the value is, in one move.
-void drag(QSlider& slider, int value) {
+void drag(QScrollBar& slider, int value) {
     QStyleOptionSlider option;
     option.initFrom(&slider);
     option.state |= QStyle::State_Horizontal;
     option.minimum = slider.minimum();
     option.maximum = slider.maximum();
     option.sliderPosition = option.sliderValue = slider.value();
+    option.pageStep = slider.pageStep();
     const auto part = [&](QStyle::SubControl which) {
-        return slider.style()->subControlRect(QStyle::CC_Slider, &option, which, &slider);
+        return slider.style()->subControlRect(QStyle::CC_ScrollBar, &option, which, &slider);
     };
-    const QRect handle = part(QStyle::SC_SliderHandle);
-    const QRect groove = part(QStyle::SC_SliderGroove);
+    const QRect handle = part(QStyle::SC_ScrollBarSlider);
+    const QRect groove = part(QStyle::SC_ScrollBarGroove);
     const int span = groove.width() - handle.width();
     int place = 0;
     while (place < span &&
@@ -227,7 +229,7 @@ void slide(Control& control, int value) {
     onWidget(control, [&](QWidget* widget) {
         focus(widget);
         if (windows::refusal(control).empty()) must::haveValue(control, value);
-        drag(*qobject_cast<QSlider*>(widget), value);
+        drag(*qobject_cast<QScrollBar*>(widget), value);
     });
 }
 
