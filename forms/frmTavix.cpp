@@ -65,7 +65,7 @@ void designPatientPage(FrmTavix& f) {
         tagged(label(description, row.value, {1260, top, 2085, 285}), row.tag.control).look = {210, true};
         top += 360;
     }
-    label(page, NAMED(f, lblHowTo), {120, 2580, 7335, 690},
+    label(page, NAMED(f, lblHowTo), {120, 2550, 7335, 765},
           "Highlight text in the paragraph below and press the \"Add Symptom\" button to record important "
           "symptoms.   To remove notes from Symptom list, select the undesired symptoms and press the "
           "\"Remove\" button.")

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGridLayout>
 #include <optional>
 #include <vector>
 
@@ -15,6 +16,15 @@ namespace boxes {
 namespace {
 
 std::vector<QMessageBox*> onShow;
+
+/// As wide as the title and the window's buttons beside it.
+void widenForTitle(QMessageBox& widget) {
+    constexpr int besides = 140;  // pixels
+    auto* grid = qobject_cast<QGridLayout*>(widget.layout());
+    const int width = widget.fontMetrics().horizontalAdvance(widget.windowTitle()) + besides;
+    if (grid == nullptr) return;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
 
 QMessageBox* make(const MessageBox& box) {
     auto* widget = new QMessageBox(formWindow::mainWindow());
@@ -30,6 +40,7 @@ QMessageBox* make(const MessageBox& box) {
         widget->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         widget->setEscapeButton(QMessageBox::No);
     }
+    if (!box.title.empty()) widenForTitle(*widget);
     return widget;
 }
 
