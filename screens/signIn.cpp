@@ -134,7 +134,8 @@ bool isNewSubject() {
     const std::string wanted = text::folded(trialState.subjectName);
     bool known = false;
     for (; !subjects.isEOF() && !known; subjects.MoveNext()) {
-        known = text::folded(subjects.Fields("Subject").text()) == wanted;
+        const Field name = subjects.Fields("Subject");  // empty where somebody has edited the table by hand
+        known = !name.isNull() && text::folded(name.text()) == wanted;
     }
     return !known;
 }

@@ -1,6 +1,8 @@
 # The sign-in and the questionnaire: when Ok can be pressed, what is refused, and the rows that the answers
-# make.
+# make. A row without a name, as a hand leaves it in the table, is nobody.
 @setting Risk TreatmentProperty=-1
+@table SubjectInfo Subject,Major
+@row SubjectInfo ,Art
 L.cmdOk disabled | L.txtName focused | T.caption = Tavix | T.fraStatus hidden
 L.cboType.items = ["Four","Plain","Risk"]
 # blanks are no name; the scenario is judged with its letters, but only when it changes itself
