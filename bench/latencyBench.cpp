@@ -16,8 +16,8 @@
 #include "forms/frmOptions.h"
 #include "forms/frmTavix.h"
 #include "forms/person.h"
-#include "platform/files.h"
 #include "platform/host.h"
+#include "platform/pictures.h"
 #include "platform/randomSource.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
@@ -62,7 +62,7 @@ void makeHost(const std::string& folder, QElapsedTimer& clock) {
     h.today = [] { return "2026-01-05"; };
     h.timeOfDay = [] { return "09:30:00"; };
     h.programFolder = [folder] { return folder; };
-    h.loadPicture = files::checkPicture;
+    h.loadPicture = pictures::check;
     h.endProgram = [](int status) { std::_Exit(status); };
 }
 

@@ -125,14 +125,17 @@ void nextPatient() {
 }
 
 std::string readIntroFile(const std::string& name) {
-    const std::string bytes = text::fromFileBytes(files::read(patientFile(name)));
+    std::string bytes = text::fromFileBytes(files::read(patientFile(name)));
+    // The separators of lines and paragraphs, which come along with text from web pages, end a line as well.
+    for (const char* separator : {"\u2028", "\u2029"}) {
+        for (std::size_t at = 0; (at = bytes.find(separator)) != std::string::npos;)
+            bytes.replace(at, 3, "\n");
+    }
     std::string result;
     for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t end = std::min(bytes.find('\n', at), bytes.size());
-        std::string line = bytes.substr(at, end - at);
-        if (line.ends_with('\r')) line.pop_back();
-        result += line + "\r\n";
-        at = end + 1;
+        const auto [end, next] = text::lineEnd(bytes, at);
+        result.append(bytes, at, end - at).append("\r\n");
+        at = next;
     }
     return result;
 }

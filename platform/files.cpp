@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string_view>
 
 #include "platform/fault.h"
 
@@ -23,15 +22,6 @@ std::string read(const std::string& path) {
     std::optional<std::string> bytes = tryRead(path);
     if (!bytes) raiseFault(FaultNumber::FileNotFound, path);
     return *std::move(bytes);
-}
-
-void checkPicture(const std::string& path) {
-    using namespace std::string_view_literals;
-    const std::string bytes = read(path);
-    for (const std::string_view signature : {"\x89PNG\r\n\x1A\n"sv, "\xFF\xD8\xFF"sv, "GIF8"sv, "BM"sv}) {
-        if (bytes.starts_with(signature)) return;
-    }
-    raiseFault(FaultNumber::InvalidPicture, path);
 }
 
 std::string folderOfProgram() { return std::filesystem::canonical("/proc/self/exe").parent_path().string(); }

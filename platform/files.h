@@ -1,5 +1,5 @@
-// Files and folders: whole-file reads with faults, the signature test of pictures and, the one thing here
-// that only this operating system has, where the running program stands.
+// Files and folders: whole-file reads with faults and where the running program stands, the one thing
+// here that only this operating system has.
 #pragma once
 
 #include <optional>
@@ -12,10 +12,6 @@ std::optional<std::string> tryRead(const std::string& path);
 
 /// All bytes of a file. Faults with File not found, naming the path.
 std::string read(const std::string& path);
-
-/// Faults with File not found, or with Invalid picture if the file does not begin like a PNG, JPEG, GIF
-/// or BMP picture.
-void checkPicture(const std::string& path);
 
 /// Folder of the running program, without a separator at its end.
 std::string folderOfProgram();

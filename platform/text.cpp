@@ -3,6 +3,7 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "platform/fault.h"
@@ -22,9 +23,35 @@ int followers(std::uint8_t lead) {
     return -1;
 }
 
-std::string fromLatin1(std::string_view bytes) {
+/// Whether a second byte can follow the lead: some would spell a character longer than need be, half of a
+/// pair of surrogates, or a code beyond the last.
+bool canFollow(std::uint8_t lead, std::uint8_t second) {
+    switch (lead) {
+        case 0xE0: return second >= 0xA0;
+        case 0xED: return second < 0xA0;
+        case 0xF0: return second >= 0x90;
+        case 0xF4: return second < 0x90;
+        default: return true;
+    }
+}
+
+/// Windows-1252 has signs of its own where Latin-1 has control characters, 0x80 to 0x9F; 0 where it has none.
+constexpr std::array<char32_t, 32> windowsSigns{
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+char32_t windowsCode(char byte) {
+    constexpr char32_t noCharacter = 0xFFFD;
+    const auto code = static_cast<std::uint8_t>(byte);
+    if (code < 0x80 || code >= 0xA0) return code;
+    const char32_t sign = windowsSigns[code - 0x80U];
+    return sign == 0 ? noCharacter : sign;
+}
+
+std::string fromWindows(std::string_view bytes) {
     std::string result;
-    for (const char byte : bytes) result += fromCode(static_cast<std::uint8_t>(byte));
+    for (const char byte : bytes) result += fromCode(windowsCode(byte));
     return result;
 }
 
@@ -65,8 +92,10 @@ std::string trim(std::string_view source) {
 
 bool isUtf8(std::string_view bytes) {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const int rest = followers(static_cast<std::uint8_t>(bytes[i]));
+        const auto lead = static_cast<std::uint8_t>(bytes[i]);
+        const int rest = followers(lead);
         if (rest < 0 || i + static_cast<std::size_t>(rest) >= bytes.size()) return false;
+        if (rest > 0 && !canFollow(lead, static_cast<std::uint8_t>(bytes[i + 1]))) return false;
         for (int k = 0; k < rest; ++k) {
             if (startsCharacter(bytes[++i])) return false;
         }
@@ -114,8 +143,14 @@ std::string folded(std::string_view source) {
 
 std::string fromFileBytes(std::string_view bytes) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-    return isUtf8(bytes) ? std::string(bytes) : fromLatin1(bytes);
+    while (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
+    return isUtf8(bytes) ? std::string(bytes) : fromWindows(bytes);
+}
+
+LineEnd lineEnd(std::string_view source, std::size_t at) {
+    const std::size_t end = std::min(source.find_first_of("\r\n", at), source.size());
+    if (end == source.size()) return {end, end};
+    return {end, end + (source.substr(end).starts_with("\r\n") ? 2 : 1)};
 }
 
 }  // namespace text

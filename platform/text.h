@@ -33,8 +33,18 @@ char32_t codeOf(std::string_view character);
 /// Whether the bytes are whole UTF-8 characters.
 bool isUtf8(std::string_view bytes);
 
-/// The bytes of a file as UTF-8: a byte-order mark goes, and bytes that are no UTF-8 are read as Latin-1.
+/// The bytes of a file as UTF-8: byte-order marks at the start go, and a file that is no UTF-8 is read as
+/// Windows-1252, the other encoding in which editors and spreadsheets save. A byte that has no sign there
+/// becomes the replacement character.
 std::string fromFileBytes(std::string_view bytes);
+
+/// The line end at or behind the byte offset `at`: where the line's text stops, and where the next line
+/// begins. A carriage return, a line feed and both together are one line end each.
+struct LineEnd {
+    std::size_t end;
+    std::size_t next;
+};
+LineEnd lineEnd(std::string_view source, std::size_t at);
 
 /// Byte offset of the 0-based character `index`, or the size of a shorter text.
 std::size_t byteOffset(std::string_view source, int index);

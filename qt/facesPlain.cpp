@@ -1,8 +1,11 @@
 // Faces of frames, labels, pictures and lines: what only shows.
 #include <QGroupBox>
+#include <QImageReader>
 #include <QLabel>
 #include <QPainter>
+#include <memory>
 
+#include "platform/fault.h"
 #include "qt/emblem.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
@@ -67,6 +70,24 @@ Face framed(Control& control, QWidget* parent) {
             restyle, [box](int) { return box; }};
 }
 
+/// The largest size of the same shape in that room; a thin picture keeps a pixel.
+QSize fitted(QSize picture, QSize room) {
+    return picture.scaled(room, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+/// The file's picture, no larger than a screen has use for: a photo of 50 megapixels would hold 200 MB and be
+/// scaled anew at each size of the window. Faults if the toolkit cannot read it after all.
+QPixmap readPicture(const std::string& path) {
+    constexpr QSize largest(2000, 2000);
+    if (path.empty()) return {};
+    QImageReader::setAllocationLimit(0);  // how large a picture may be is judged by pictures::check
+    QImage image = QImageReader(toQt(path)).read();
+    if (image.isNull()) raiseFault(FaultNumber::InvalidPicture, path);
+    if (image.width() > largest.width() || image.height() > largest.height())
+        image = image.scaled(fitted(image.size(), largest), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return QPixmap::fromImage(image);
+}
+
 }  // namespace
 
 Face frame(Control& control, QWidget* parent) { return framed(control, parent); }
@@ -101,21 +122,21 @@ Face emblem(QWidget* parent) {
 Face picture(Control& control, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setAlignment(Qt::AlignCenter);
-    const auto draw = [label, &control] {
-        const QPixmap source(toQt(control.text));
-        if (source.isNull()) {
-            label->clear();
-            return;
-        }
+    const auto source = std::make_shared<QPixmap>();
+    const auto draw = [label, source] {
+        if (source->isNull()) return label->clear();
         // Scaled to the pixels of the screen, so that it stays sharp on a dense one.
         const qreal ratio = label->devicePixelRatioF();
-        QPixmap scaled = source.scaled(label->size() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        const QSize size = fitted(source->size(), label->size() * ratio);
+        QPixmap scaled = source->scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         scaled.setDevicePixelRatio(ratio);
         label->setPixmap(scaled);
     };
     return {label,
-            [draw](Property property) {
-                if (property == Property::Text) draw();
+            [draw, source, &control](Property property) {
+                if (property != Property::Text) return;
+                *source = readPicture(control.text);
+                draw();
             },
             draw,
             {}};

@@ -3,13 +3,13 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QImageReader>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
 
 #include "platform/files.h"
 #include "platform/host.h"
+#include "platform/pictures.h"
 #include "platform/randomSource.h"
 #include "qt/boxes.h"
 #include "qt/desktopTheme.h"
@@ -35,11 +35,6 @@ void waitWhile(const std::function<bool()>& open) {
     while (open()) loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
-void checkPicture(const std::string& path) {
-    files::checkPicture(path);
-    if (!QImageReader(QString::fromStdString(path)).canRead()) raiseFault(FaultNumber::InvalidPicture, path);
-}
-
 Host desktopHost() {
     static QElapsedTimer sinceStart;
     sinceStart.start();
@@ -51,7 +46,7 @@ Host desktopHost() {
     host.today = [] { return QDate::currentDate().toString(Qt::ISODate).toStdString(); };
     host.timeOfDay = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
     host.programFolder = files::folderOfProgram;
-    host.loadPicture = checkPicture;
+    host.loadPicture = pictures::check;
     host.endProgram = endNow;
     return host;
 }

@@ -93,6 +93,7 @@ void setupPatientDisplay() {
     setCaption(f.lblScore, numberText::whole(trialState.score));
     setEnabled(f.tmrClock, true);
     clearItems(f.lstSymptoms);
+    select(f.txtIntro, 0, 0);  // what was marked belongs to the last patient, also where the text is the same
     for (Control* sign : {&f.lblTemp, &f.lblPulse, &f.lblBP, &f.lblRR}) setCaption(*sign, {});
     setText(f.txtReasoning, {});
     clearTestSlots();

@@ -1,7 +1,7 @@
 #include "stage/scriptedHost.h"
 
-#include "platform/files.h"
 #include "platform/onLeave.h"
+#include "platform/pictures.h"
 #include "stage/openBoxes.h"
 #include "stage/virtualTime.h"
 
@@ -44,7 +44,7 @@ Host make() {
     host.today = virtualTime::today;
     host.timeOfDay = virtualTime::timeOfDay;
     host.programFolder = [] { return programFolder; };
-    host.loadPicture = files::checkPicture;
+    host.loadPicture = pictures::check;
     return host;
 }
 

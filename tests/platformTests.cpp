@@ -3,10 +3,8 @@
 
 #include <array>
 #include <cmath>
-#include <fstream>
 
 #include "platform/checkedInteger.h"
-#include "platform/files.h"
 #include "platform/list.h"
 #include "platform/numberText.h"
 #include "platform/randomSource.h"
@@ -95,28 +93,6 @@ TEST(Text, CountsCharacters) {
     }
     // A sigma is one letter, also at the end of a word.
     EXPECT_EQ(text::folded("A|Z\xC3\x89\xCE\xA3\xCF\x82"), "a|z\xC3\xA9\xCF\x83\xCF\x83");
-    // A file is UTF-8, with or without a mark, or else Latin-1.
-    EXPECT_EQ(text::fromFileBytes("\xEF\xBB\xBFna\xC3\xAFve"), "na\xC3\xAFve");
-    EXPECT_EQ(text::fromFileBytes("na\xEFve \xC3"), "na\xC3\xAFve \xC3\x83");
-}
-
-TEST(Files, APictureIsKnownByItsFirstBytes) {
-    const std::string path = testing::TempDir() + "tavixPicture";
-    const auto check = [&](const std::string& bytes) {
-        std::ofstream(path, std::ios::binary) << bytes;
-        files::checkPicture(path);
-    };
-    for (const char* picture :
-         {"\x89PNG\r\n\x1A\n...", "\xFF\xD8\xFF\xE0", "\xFF\xD8\xFF\xE1", "GIF87a", "GIF89a", "BM6"})
-        EXPECT_NO_THROW(check(picture)) << picture;
-    for (const char* other : {"", "\x89PNG\n", "\xFF\xD8", "GIF", " BM", "<svg"})
-        EXPECT_FAULT(check(other), InvalidPicture);
-    try {
-        files::checkPicture(testing::TempDir());
-        ADD_FAILURE() << "a folder is no picture";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.report, "Run-time error '53':\nFile not found: " + testing::TempDir());
-    }
 }
 
 TEST(RandomSource, ReseedingFoldsIntoTheState) {

@@ -1,6 +1,6 @@
 #include "tests/stage.h"
 
-#include "platform/files.h"
+#include "platform/pictures.h"
 #include "platform/randomSource.h"
 #include "screens/wiring.h"
 
@@ -18,7 +18,7 @@ Logic::Logic() {
     h.today = [] { return "2026-01-05"; };
     h.timeOfDay = [] { return "09:30:00"; };
     h.programFolder = [this] { return study.folder; };
-    h.loadPicture = files::checkPicture;
+    h.loadPicture = pictures::check;
     h.endProgram = [](int) { throw ProgramEnded(); };
 }
 

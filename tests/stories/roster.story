@@ -12,13 +12,15 @@ health = 750 | T.cmdIssue enabled | die
 # the fiftieth draw finds the other one
 next 0x49 0.5 0 0.5x3 | patientsSeen trialNumber = 2 | T.lblPatientName = Karl Dorn | T.lblAge = 61
 T.lblGender = Male
-T.lblHeight = 5'10" | T.lblWeight = 180 lbs | T.imgPatient = karl.png | diagnose Brill | die
+T.lblHeight = 5'10" | T.lblWeight = 180 lbs | T.imgPatient = karl.png
+mark T.txtIntro 4 5 | diagnose Brill | die
 # all are through: asked only now; the guess of the last cycle stays
 next 0.99 0.995 0.5x3 | patientsSeen = 2
 box
 > {"title":"All Patients Diagnosed","text":"Please alert moderator to click Yes to cycle again or No to \
 quit","buttons":["Yes",*
 answer Yes | patientsSeen = 1 | patients(0).status = Untreated | patients(1).guess = Brill 1%
+T.txtIntro.selLength = 0
 @start ends
 # Back the next day: the number of the trial goes on. No ends the program with no further row.
 back KIM Moderated 0 0 0.5x3 | die | next 0.99 0 0.5x3 | die | next
