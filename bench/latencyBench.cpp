@@ -108,7 +108,7 @@ int main(int argc, char** argv) {
     clock.start();
     wiring::wireForms();
     makeHost(folder.string(), clock);
-    for (const std::string& problem : createStore::create("tests/tables", store::path(), true))
+    for (const std::string& problem : createStore::create("tests/tables", store::path(), true).problems)
         std::cerr << problem << '\n';
     look::apply(false);
     mirror::build();

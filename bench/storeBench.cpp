@@ -73,7 +73,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavixStoreBench";
     std::filesystem::create_directories(folder / "data");
     host().programFolder = [&] { return folder.string(); };
-    for (const std::string& problem : createStore::create(tables, store::path(), true))
+    for (const std::string& problem : createStore::create(tables, store::path(), true).problems)
         std::cerr << problem << '\n';
     const std::string path = store::path();
     const std::string rawKey =

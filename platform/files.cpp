@@ -1,5 +1,11 @@
 #include "platform/files.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -22,6 +28,27 @@ std::string read(const std::string& path) {
     std::optional<std::string> bytes = tryRead(path);
     if (!bytes) raiseFault(FaultNumber::FileNotFound, path);
     return *std::move(bytes);
+}
+
+std::error_code copyOwnership(const std::string& from, const std::string& to) {
+    struct stat model {};
+    struct stat file {};
+    bool good = ::stat(from.c_str(), &model) == 0 && ::stat(to.c_str(), &file) == 0;
+    // Asked only for what differs: a file system without owners refuses every change. The owner first, since
+    // with it permissions can go.
+    const bool sameOwner = model.st_uid == file.st_uid && model.st_gid == file.st_gid;
+    if (good && !sameOwner) good = ::chown(to.c_str(), model.st_uid, model.st_gid) == 0;
+    if (good && !(sameOwner && model.st_mode == file.st_mode))
+        good = ::chmod(to.c_str(), model.st_mode & ALLPERMS) == 0;
+    return good ? std::error_code() : std::error_code(errno, std::generic_category());
+}
+
+OnLeave lockFolder(const std::string& folder) {
+    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle >= 0) static_cast<void>(::flock(handle, LOCK_EX));
+    return OnLeave([handle] {
+        if (handle >= 0) ::close(handle);
+    });
 }
 
 std::string folderOfProgram() { return std::filesystem::canonical("/proc/self/exe").parent_path().string(); }

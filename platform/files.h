@@ -1,9 +1,12 @@
-// Files and folders: whole-file reads with faults and where the running program stands, the one thing
-// here that only this operating system has.
+// Files and folders: whole-file reads with faults and what only this operating system has: owners, locks of
+// folders, where the running program stands.
 #pragma once
 
 #include <optional>
 #include <string>
+#include <system_error>
+
+#include "platform/onLeave.h"
 
 namespace files {
 
@@ -12,6 +15,13 @@ std::optional<std::string> tryRead(const std::string& path);
 
 /// All bytes of a file. Faults with File not found, naming the path.
 std::string read(const std::string& path);
+
+/// Gives a file the owner, the group and the permissions of another one.
+std::error_code copyOwnership(const std::string& from, const std::string& to);
+
+/// Keeps others who ask for the same folder waiting until this goes, or the program ends. A file system
+/// without such locks lets everybody in.
+[[nodiscard]] OnLeave lockFolder(const std::string& folder);
 
 /// Folder of the running program, without a separator at its end.
 std::string folderOfProgram();

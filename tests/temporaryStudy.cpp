@@ -17,7 +17,8 @@ namespace {
 
 std::string freshStore() {
     const TemporaryStudy study(false);
-    for (const std::string& problem : createStore::create(TAVIX_TESTS "/tables", study.storePath(), false))
+    for (const std::string& problem :
+         createStore::create(TAVIX_TESTS "/tables", study.storePath(), false).problems)
         ADD_FAILURE() << problem;
     return files::read(study.storePath());
 }

@@ -27,7 +27,7 @@ protected:
         writeFile(tables + "/" + table + ".csv", bytes);
         std::string all;
         const std::string begin = table + ".csv, line ";
-        for (const std::string& problem : createStore::create(tables, study.storePath(), false)) {
+        for (const std::string& problem : createStore::create(tables, study.storePath(), false).problems) {
             EXPECT_TRUE(problem.starts_with(begin)) << problem;
             all += (all.empty() ? "" : "/") + problem.substr(begin.size());
         }
@@ -49,50 +49,55 @@ TEST_F(Tools, RefuseWhatCannotGoInByFileLineAndColumn) {
          {Case{"tblPatents", "Name\nx\n", "1: there is no table \"tblPatents\""},
           Case{"tblTests", "", "1: the first line must name the columns"},
           Case{"tblTests", "SETTING,Lenght,setting\n",
-               "1: tblTests has no column \"Lenght\"/1: column SETTING stands twice"},
+               "1: tblTests has no column \"Lenght\"/1: column SETTING stands twice/1: column Length is "
+               "missing"},
+          Case{"tblBaseRates", "Setting,Count,D1,D2,D3,D6\nFour,5,1,1,1,1\n",
+               "1: column D4 is missing/1: column D5 is missing"},
           Case{"dataHypothesisState", "H6,H7\n", "1: dataHypothesisState has no column \"H7\""},
-          Case{"tblBaseRates", "D401\n", "1: column D401: a store holds at most 400 diseases"},
-          Case{"tblTests", "SETTING,Length\na,3\n\"b\n\nb\"\n",
-               "3: 1 fields where the first line names 2 columns"},
-          Case{"tblTests", "SETTING\r\n\"a\r\n\r\nb\"\r\n\"d\"e\r\n",
-               "5: text behind a closing double quote"},
-          Case{"tblTests", "SETTING\na\n\"b\nc\n", "3: a double quote is not closed"},
-          Case{"tblPatients", "Age\nold\n32768\n3.5\n0x10\n",
-               "2: column Age: \"old\" is no number/3: column Age: \"32768\" does not fit 16 bits/"
-               "4: column Age: \"3.5\" is no whole number/5: column Age: \"0x10\" is no number"},
-          Case{"tblPatients", "Male?\nmaybe\n", "2: column Male?: \"maybe\" is neither yes nor no"},
-          Case{
-              "dataTrial", "Score,Date,Penalty\n-2147483649,5.1.2026,\"1,5\"\n2147483647,2026-01-055,1e999\n",
-              "2: column Score: \"-2147483649\" does not fit 32 bits/2: column Date: \"5.1.2026\" is no date "
-              "(yyyy-mm-dd)/2: column Penalty: \"1,5\" is no number/3: column Date: \"2026-01-055\" is no "
-              "date "
-              "(yyyy-mm-dd)/3: column Penalty: \"1e999\" is too large"},
-          // Latin-1 as a whole, UTF-8 as a whole, and no mixture or other code.
-          Case{"tblTests", "SETTING\nna\xEFve\n", ""},
-          Case{"tblTests", "SETTING\nna\xC3\xAFve\nna\xEFve\n",
-               "3: is no UTF-8 text; save the file as UTF-8"},
-          Case{"tblTests", "SETTING\na\x84z\n", "2: is no UTF-8 text; save the file as UTF-8"}})
+          Case{"tblBaseRates", "Setting,Count,D1,D2,D3,D4,D401\n",
+               "1: column D401: a store holds at most 400 diseases"},
+          Case{"dataEvents", "Trial,Time\n1,3\n2,\"b\r\rb\"\n3\n",
+               "6: 1 fields where the first line names 2 columns"},
+          Case{"dataEvents", "Time\r\n\"a\r\n\r\nb\"\r\n\"d\"e\r\n", "5: text behind a closing double quote"},
+          Case{"dataEvents", "Time\na\n\"b\nc\n", "3: a double quote is not closed"},
+          Case{"dataEvents", "Trial\nold\n32768\n3.5\n0x10\n\"\"\n",
+               "2: column Trial: \"old\" is no number/3: column Trial: \"32768\" does not fit 16 bits/"
+               "4: column Trial: \"3.5\" is no whole number/5: column Trial: \"0x10\" is no number/"
+               "6: column Trial: \"\" is no number"},
+          Case{"dataEvents", "Output\nmaybe\n", "2: column Output: \"maybe\" is neither yes nor no"},
+          Case{"dataTrial", "Score,Date,Penalty\n-2147483649,2026-02-29,\"1,5\"\n,5.1.2026,1e999\n",
+               "2: column Score: \"-2147483649\" does not fit 32 bits/2: column Date: \"2026-02-29\" is no "
+               "date "
+               "(yyyy-mm-dd)/2: column Penalty: \"1,5\" is no number/3: column Date: \"5.1.2026\" is no date "
+               "(yyyy-mm-dd)/3: column Penalty: \"1e999\" is too large"},
+          // Windows-1252 as a whole, UTF-8 as a whole, and no mixture or other code.
+          Case{"dataEvents", "Time\nna\xEFve\x84\n", ""},
+          Case{"dataEvents", "Time\n\xC3\xAF\n\xC3\xAF\rna\xEFve\n\xC3\xAF",
+               "4: is in another encoding than the lines above; save the file as UTF-8"},
+          Case{"dataEvents", "Time\nna\xEFve\n\xC3\xAF\n",
+               "3: is in another encoding than the lines above; save the file as UTF-8"},
+          Case{"dataEvents", "Time\na\x81z\n", "2: is no UTF-8 text; save the file as UTF-8"}})
         EXPECT_EQ(made(c.table, c.bytes), c.complaints);
-    EXPECT_EQ(made("tblTests", std::string("SETTING\na\0b\n", 12)),
+    EXPECT_EQ(made("dataEvents", std::string("Time\na\0b\n", 9)),
               "2: holds a zero byte; save the file as UTF-8 text");
 }
 
 TEST_F(Tools, KeepTextsToTheByteAndNumbersToTheBit) {
     EXPECT_EQ(
-        made("tblVocabulary",
-             "\xEF\xBB\xBFtype , Term\r\nDisease,\"two\r\n\r\nlines\"\r\n\r\nDisease,\" a, \"\"b\"\" \"\r\n"
-             "Symptom,5'10\" tall \r\nSymptom,\"\"\r\nSymptom,Fi\xC3\xA8vre"),
+        made(
+            "tblVocabulary",
+            "\xEF\xBB\xBFtype , Term\r\nDisease,\"two\r\n\r\nlines\"\r\n,\r\nDisease, \" a, \"\"b\"\" \" \r\n"
+            "Symptom, 5'10\" tall \r\nSymptom,\"\"\r\nSymptom,\r\n , \rSymptom,Fi\xC3\xA8vre"),
         "");
     EXPECT_EQ(study.rows("SELECT quote(Term) FROM tblVocabulary"),
-              "'two\r\n\r\nlines'/' a, \"b\" '/'5''10\" tall '/NULL/'Fi\xC3\xA8vre'");
-    EXPECT_EQ(
-        made("tblPatients",
-             "Name,Age,Height,Weight,Male?\nFi\xE8vre ,-32768,32767, 5 ,YES\nb,,+3,1e2,true\nc,1.0,-0,1,1\n"
-             "d,,,,-1\ne,,,,No\nf,,,,False\ng,,,,0\nh,,,,\n"),
-        "");
-    EXPECT_EQ(study.rows("SELECT quote(Name), Age, Height, Weight FROM tblPatients LIMIT 3"),
-              "'Fi\xC3\xA8vre '|-32768|32767|5/'b'|-|3|100/'c'|1|0|1");
-    EXPECT_EQ(study.rows("SELECT quote([Male?]) FROM tblPatients"), "-1/-1/-1/-1/0/0/0/NULL");
+              "'two\r\n\r\nlines'/' a, \"b\" '/'5''10\" tall'/''/NULL/'Fi\xC3\xA8vre'");
+    EXPECT_EQ(made("dataEvents",
+                   "Time,Trial,ActionNum,Output\nFi\xE8vre,-32768,32767,YES\nb,, 5 ,true\nc,+1e2,1.0,1\n"
+                   "d,-0,,-1\ne,,,No\nf,,,False\ng,,,0\nh,,,\n"),
+              "");
+    EXPECT_EQ(study.rows("SELECT quote(Time), Trial, ActionNum FROM dataEvents LIMIT 4"),
+              "'Fi\xC3\xA8vre'|-32768|32767/'b'|-|5/'c'|100|1/'d'|0|-");
+    EXPECT_EQ(study.rows("SELECT quote(Output) FROM dataEvents"), "-1/-1/-1/-1/0/0/0/NULL");
     EXPECT_EQ(made("dataTrial", "Score,Penalty,Date\n-2147483648,-1.25e1,2026-01-05\n2147483647,,\n"), "");
     EXPECT_EQ(study.rows("SELECT Score, Penalty, Date FROM dataTrial"),
               "-2147483648|-12.5|2026-01-05/2147483647|-|-");
@@ -100,7 +105,7 @@ TEST_F(Tools, KeepTextsToTheByteAndNumbersToTheBit) {
 
 TEST_F(Tools, MakeEveryTableWithAsManyDiseasesAsTheFilesNameAndFourAtLeast) {
     EXPECT_EQ(schema::columnsOf(*schema::find("TBLBASERATES"), 0).back().name, "D4");
-    EXPECT_EQ(made("tblTreatments", "Setting,Type,d6+\nPlain,Ambrol,100\n"), "");
+    EXPECT_EQ(made("tblTreatments", "Setting,Type,D1+,D2+,D3+,D4+,D1-,D2-,D3-,D4-,d6+\n"), "");
     EXPECT_EQ(study.rows("SELECT count(*), sum(sql LIKE '%D6%'), sum(sql LIKE '%H6]%') FROM sqlite_master"),
               "16|3|1");
 }
@@ -110,17 +115,32 @@ TEST_F(Tools, AnswerOnTheCommandLine) {
     fs::rename(tables + "/tblTests.csv", tables + "/tblTests.CSV");
     EXPECT_EQ(tavixdb("create tables a.mdb"), "|0|");
     EXPECT_EQ(tavixdb("create tables a.mdb"), "|1|a.mdb exists already; --force replaces it\n");
-    // A link stays one, also to a store beside the journal of a killed program, which belongs to the old
-    // store.
+    // A link stays one. What a killed program left beside the old store belongs to that one, and what a
+    // killed attempt left goes.
     writeFile(study.storePath(), "precious");
     writeFile(study.storePath() + "-journal", "old");
+    writeFile(study.folder + "/data/.TavixData.mdb.tavixdb", "half");
+    fs::permissions(study.storePath(), fs::perms::owner_all);
     fs::create_symlink(study.storePath(), study.folder + "/link.mdb");
     EXPECT_EQ(tavixdb("create tables link.mdb"), "|1|link.mdb exists already; --force replaces it\n");
     EXPECT_EQ(files::read(study.storePath()), "precious");
     EXPECT_EQ(tavixdb("create --force tables link.mdb"), "|0|");
     EXPECT_TRUE(fs::is_symlink(study.folder + "/link.mdb"));
-    EXPECT_FALSE(fs::exists(study.storePath() + "-journal"));
+    EXPECT_EQ(outputOf("ls -A " + study.folder + "/data"), "TavixData.mdb\n");
+    EXPECT_EQ(fs::status(study.storePath()).permissions(), fs::perms::owner_all);
     EXPECT_EQ(study.rows("SELECT Name FROM tblPatients"), "Anna Bell/Karl Dorn");
+
+    writeFile(tables + "/dataEvents.csv", "Trial,Time\n,,,\n1,2\n , \n");
+    EXPECT_EQ(tavixdb("create --force tables a.mdb"),
+              "|0|note: dataEvents.csv, line 2: rows of nothing but commas are skipped (2)\n");
+    writeFile(tables + "/dataEvents.csv",
+              "Trial\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\n");
+    EXPECT_TRUE(tavixdb("create --force tables a.mdb")
+                    .ends_with("line 21: column Trial: \"x\" is no number\nand 2 more\n"));
+    fs::remove(tables + "/dataEvents.csv");
+    fs::create_directory(tables + "/dataEvents.csv");
+    EXPECT_EQ(tavixdb("create tables x.mdb"), "|1|dataEvents.csv: cannot be read: it is no file\n");
+    fs::remove(tables + "/dataEvents.csv");
 
     EXPECT_EQ(tavixdb("create --force tables data"), "|1|data is no plain file and is not replaced\n");
     EXPECT_EQ(tavixdb("create tables no/x.mdb"), "|1|no/x.mdb: there is no folder " + study.folder + "/no\n");

@@ -6,9 +6,14 @@
 
 namespace createStore {
 
-/// Makes `file` with every table of the schema and the rows of the tables in `folder`; an existing file is
-/// replaced only with `force`. Returns what cannot go in, each with file, line and column; then no file has
-/// been made and an existing one is untouched.
-std::vector<std::string> create(const std::string& folder, const std::string& file, bool force);
+struct Outcome {
+    std::vector<std::string> problems;  ///< why nothing was made, each with file, line and column
+    std::vector<std::string> notes;     ///< what was left out of the tables
+};
+
+/// Makes `file` with every table of the schema and the rows of the tables in `folder`. An existing file is
+/// replaced only with `force`, keeps its owner and permissions, and stays untouched until the new one is
+/// complete. What a killed attempt has left is cleared away.
+Outcome create(const std::string& folder, const std::string& file, bool force);
 
 }  // namespace createStore

@@ -1,5 +1,10 @@
 #include "tools/csv.h"
 
+#include <algorithm>
+#include <string_view>
+
+#include "platform/text.h"
+
 namespace csv {
 
 namespace {
@@ -11,41 +16,56 @@ struct Parser {
 
     [[nodiscard]] bool more() const { return at < bytes.size(); }
     [[nodiscard]] bool atLineEnd() const { return !more() || bytes[at] == '\n' || bytes[at] == '\r'; }
+    [[nodiscard]] std::size_t behindBlanks() const {
+        return std::min(bytes.find_first_not_of(' ', at), bytes.size());
+    }
 
     void endLine() {
-        if (more() && bytes[at] == '\r') ++at;
-        if (more() && bytes[at] == '\n') ++at;
+        at = text::lineEnd(bytes, at).next;
         ++line;
     }
 
-    std::string quotedField() {
-        const int begins = line;
-        std::string field;
-        for (++at; more(); ++at) {
-            if (bytes[at] == '"' && at + 1 < bytes.size() && bytes[at + 1] == '"') {
-                ++at;
-            } else if (bytes[at] == '"') {
-                ++at;
-                if (!atLineEnd() && bytes[at] != ',')
-                    throw Problem{line, "text behind a closing double quote"};
-                return field;
-            }
-            if (bytes[at] == '\n') ++line;
-            field += bytes[at];
+    void countLines(std::size_t from) {
+        const std::string_view read(bytes.data(), at);
+        while (from < at) {
+            const auto [end, next] = text::lineEnd(read, from);
+            if (end < at) ++line;
+            from = next;
         }
-        throw Problem{begins, "a double quote is not closed"};
     }
 
-    std::string field() {
-        if (more() && bytes[at] == '"') return quotedField();
+    std::string quotedText() {
+        const std::size_t first = ++at;
+        std::string result;
+        for (;; result += bytes[at++]) {
+            const std::size_t quote = bytes.find('"', at);
+            if (quote == std::string::npos) throw Problem{line, "a double quote is not closed"};
+            result.append(bytes, at, quote - at);
+            at = quote + 1;
+            if (!more() || bytes[at] != '"') break;
+        }
+        countLines(first);
+        at = behindBlanks();
+        if (!atLineEnd() && bytes[at] != ',') throw Problem{line, "text behind a closing double quote"};
+        return result;
+    }
+
+    Field field() {
+        const std::size_t start = behindBlanks();
+        if (start < bytes.size() && bytes[start] == '"') {
+            at = start;
+            return {quotedText(), true};
+        }
         const std::size_t end = std::min(bytes.find_first_of(",\r\n", at), bytes.size());
-        std::string field = bytes.substr(at, end - at);
+        const std::string unquoted = text::trim(bytes.substr(at, end - at));
         at = end;
-        return field;
+        return {unquoted, false};
     }
 };
 
 }  // namespace
+
+bool Line::isNothingButCommas() const { return std::ranges::all_of(fields, &Field::isNothing); }
 
 std::vector<Line> parse(const std::string& bytes) {
     std::vector<Line> lines;
@@ -57,7 +77,7 @@ std::vector<Line> parse(const std::string& bytes) {
             line.fields.push_back(parser.field());
         }
         parser.endLine();
-        const bool empty = line.fields.size() == 1 && line.fields[0].empty();
+        const bool empty = line.fields.size() == 1 && line.fields[0].isNothing();
         if (!empty) lines.push_back(std::move(line));
     }
     return lines;

@@ -8,9 +8,19 @@
 
 namespace csv {
 
+struct Field {
+    std::string text;
+    bool quoted;  ///< then the text is as it stands; otherwise the blanks around it are gone
+
+    /// Nothing stands between the commas.
+    [[nodiscard]] bool isNothing() const { return text.empty() && !quoted; }
+};
+
 struct Line {
     int number;  ///< of the line in the file on which it begins, from 1
-    std::vector<std::string> fields;
+    std::vector<Field> fields;
+
+    [[nodiscard]] bool isNothingButCommas() const;
 };
 
 struct Problem : std::exception {
@@ -22,8 +32,8 @@ struct Problem : std::exception {
 };
 
 /// The lines of a file: fields parted by commas, double quotes around a field that holds commas, quotes
-/// (doubled) or line breaks. Empty lines are left out. Throws Problem for a quote that is not closed, or one
-/// with something behind it.
+/// (doubled), line breaks or blanks at its ends. Empty lines are left out. Throws Problem for a quote that is
+/// not closed, or one with something behind it.
 std::vector<Line> parse(const std::string& bytes);
 
 }  // namespace csv
