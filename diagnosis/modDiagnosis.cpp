@@ -89,7 +89,8 @@ void makeDiagnosis() {
 
 void forceDiagnosis() {
     setEnabled(frmTavix.tmrForceDiagnosisAfterTest, false);
-    if (trialHasEnded()) return;
+    // An end that waits in a box of the store has frozen the controls, and "Next Patient" is still to come.
+    if (trialHasEnded() || !frmTavix.cmdDiagnosis.enabled) return;
     modHypotheses::ensureLoaded();
     setVisible(frmDiagnosis.cmdCancel, false);
     if (!frmDiagnosis.form.visible) makeDiagnosis();

@@ -13,7 +13,7 @@ constexpr int treatmentsPage = 2;
 /// modally.
 void makeDiagnosis();
 
-/// Timer of tmrForceDiagnosisAfterTest: opens a dialog that cannot be cancelled. After the end of the trial
+/// Timer of tmrForceDiagnosisAfterTest: opens a dialog that cannot be cancelled. From the end of the trial on
 /// it opens nothing: a frozen dialog whose buttons nobody has enabled could not be left.
 void forceDiagnosis();
 
