@@ -83,11 +83,13 @@ struct Control {
     const Control* tag = nullptr;   ///< the label that says what this value is
     const Control* head = nullptr;  ///< the head of the column in which it stands
     Look look;
-    bool multiLine = false;    ///< text boxes
-    bool multiSelect = false;  ///< lists
-    bool readOnly = false;     ///< text boxes that can be selected in and not typed in
-    std::string prompt;        ///< combo boxes: what they are for, seen while they are empty
-    int smallChange = 1;       ///< scroll bars
+    bool multiLine = false;      ///< text boxes
+    bool multiSelect = false;    ///< lists
+    bool typedOnly = false;      ///< text boxes that take keys alone, and nothing that is pasted or dropped
+    bool readOnly = false;       ///< text boxes that can be selected in and not typed in
+    bool comesByItself = false;  ///< comes up under the hands of a person who may be typing
+    std::string prompt;          ///< combo boxes: what they are for, seen while they are empty
+    int smallChange = 1;         ///< scroll bars
     int largeChange = 1;
 
     // Properties.

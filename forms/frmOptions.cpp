@@ -58,6 +58,7 @@ void designTime() {
     design::place(in, NAMED_AT(f, txtTime, 0), Kind::TextBox, {9000, 345, 600, 405}, "01");
     design::label(in, NAMED(f, lblColon), {9645, 420, 120, 255}, ":");
     design::place(in, NAMED_AT(f, txtTime, 1), Kind::TextBox, {9810, 345, 600, 405}, "00");
+    for (Control& box : f.txtTime) box.typedOnly = true;
 }
 
 void designScoring() {

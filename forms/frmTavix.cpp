@@ -325,6 +325,7 @@ void designFrmTavix() {
     design::button({&f.form}, NAMED(f, cmdNextPatient), {13440, 9840, 1695, 495}, "Next Patient").visible =
         false;
     f.cmdNextPatient.look.primary = true;
+    f.cmdNextPatient.comesByItself = true;
     designDevelopment(f);
     f.optionsRequested = false;
     design::finish(f.form);

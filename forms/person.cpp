@@ -91,9 +91,17 @@ std::string asHeldBy(const Control& control, const std::string& text) {
     return control.multiLine ? lineBreaks::held(text) : text;
 }
 
+/// Whether the new text has anything that the old one has not, or only lacks something.
+bool bringsText(const std::string& before, const std::string& now) {
+    const auto same = std::mismatch(before.begin(), before.end(), now.begin(), now.end()).second;
+    const auto tail = std::make_reverse_iterator(same);
+    return std::mismatch(now.rbegin(), tail, before.rbegin(), before.rend()).first != tail;
+}
+
 void takeItem(Control& control, int index) {
     if (control.kind == Kind::ComboBox) {
         setListIndex(control, index);
+        selectAll(control);
     } else {
         pick(control, {index});
     }
@@ -141,14 +149,15 @@ void paste(Control& control, const std::string& text) {
     mustHoldText(control, "box to paste into");
     reach(control);
     const std::string held = asHeldBy(control, text);
-    if (isWritable(control)) setTextTyped(control, held, text::length(held));
+    if (isWritable(control) && !control.typedOnly) setTextTyped(control, held, text::length(held));
 }
 
 void edit(Control& control, const std::string& seenText, int cursor) {
     mustHoldText(control, "box to write in");
     reach(control);
     const std::string held = asHeldBy(control, seenText);
-    if (isWritable(control)) setTextTyped(control, held, lineBreaks::heldPosition(held, cursor));
+    if (!isWritable(control) || (control.typedOnly && bringsText(control.text, held))) return;
+    setTextTyped(control, held, lineBreaks::heldPosition(held, cursor));
 }
 
 void choose(Control& control, const std::string& item) {
@@ -170,6 +179,19 @@ void pick(Control& list, const std::vector<int>& lines) {
     must::haveLines(list, lines);
     selectItems(list, lines);
     run(list.on.click);
+}
+
+void chooseBeside(Control& option, int steps) {
+    must::be(option, {Kind::OptionButton}, "option button");
+    must::takeInput(option);
+    std::vector<Control*> group;
+    for (Control* control : allControls()) {
+        const bool beside = control->kind == Kind::OptionButton && control->parent == option.parent;
+        if (beside && windows::isUsable(*control)) group.push_back(control);
+    }
+    const auto count = static_cast<int>(group.size());
+    const auto place = static_cast<int>(std::find(group.begin(), group.end(), &option) - group.begin());
+    press(*group[static_cast<std::size_t>((place + steps % count + count) % count)]);
 }
 
 void slide(Control& scrollBar, int value) {

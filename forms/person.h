@@ -26,7 +26,8 @@ void doublePress(Control& control);
 bool key(Control& control, int code);
 /// Replaces the text key by key.
 void type(Control& control, const std::string& text);
-/// Replaces the text in one change. In a box of several lines each line break becomes a whole one.
+/// Replaces the text in one change. In a box of several lines each line break becomes a whole one. A box that
+/// takes keys alone stays as it is.
 void paste(Control& control, const std::string& text);
 /// What an edit widget has done to its text by itself (an input method, a paste, Delete, undo, a drag), as
 /// one change. Text and cursor are those of the widget, with a line break as one character.
@@ -38,6 +39,9 @@ void choose(Control& control, const std::string& item);
 void chooseLine(Control& comboBox, int line);
 /// Selects exactly these lines of a list.
 void pick(Control& list, const std::vector<int>& lines);
+
+/// Chooses the option button so many places after this one in its group, or before it, round about.
+void chooseBeside(Control& option, int steps);
 
 void slide(Control& scrollBar, int value);
 /// So many small changes up or down, as far as the bar goes: a turn of the wheel.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/host.h"
+#include "platform/text.h"
 
 namespace windows {
 
@@ -36,14 +37,30 @@ bool takesFocus(Kind kind) {
     }
 }
 
+/// What is typed first into a combo box that has taken the focus replaces its text: it is selected until the
+/// focus goes on.
+void takeFocus(Control& control) {
+    if (control.kind == Kind::ComboBox) selectAll(control);
+}
+
+void leaveFocus(Control* control) {
+    if (control != nullptr && control->kind == Kind::ComboBox)
+        select(*control, text::length(control->text), 0);
+}
+
 void makeActive(Control& control) {
-    formOf(control).active = &control;
+    Control*& active = formOf(control).active;
+    if (active != &control) {
+        leaveFocus(active);
+        active = &control;
+        takeFocus(control);
+    }
     tellWatchers(control, Property::Focus);
 }
 
 /// A form comes up with the focus on its last active control, or on the first that can take it.
 void focusFirst(Control& form) {
-    if (form.active != nullptr && isUsable(*form.active)) return;
+    if (form.active != nullptr && isUsable(*form.active)) return takeFocus(*form.active);
     form.active = nullptr;
     for (Control* control : allControls()) {
         if (&rootOf(*control) != &form || !takesFocus(control->kind) || !isUsable(*control)) continue;

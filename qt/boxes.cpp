@@ -3,13 +3,16 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <optional>
 #include <vector>
 
 #include "forms/windows.h"
 #include "qt/edge.h"
+#include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/formWindow.h"
+#include "qt/keyPause.h"
 
 namespace boxes {
 
@@ -26,6 +29,20 @@ void widenForTitle(QMessageBox& widget) {
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+/// A box is answered by its buttons: by pointer, by Enter or the space bar, by Alt and a letter. The toolkit
+/// would take a letter alone too. Escape and the window manager answer an OK box; a question stays.
+bool drops(QEvent* event, bool question) {
+    if (event->type() == QEvent::Close && question) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Escape) return question;
+    constexpr auto shortcuts = Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier;
+    return key.key() < Qt::Key_Escape && !(key.modifiers() & shortcuts);
+}
+
 QMessageBox* make(const MessageBox& box) {
     auto* widget = new QMessageBox(formWindow::mainWindow());
     widget->setTextFormat(Qt::PlainText);
@@ -38,9 +55,10 @@ QMessageBox* make(const MessageBox& box) {
         widget->setStandardButtons(QMessageBox::Ok);
     } else {
         widget->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        widget->setEscapeButton(QMessageBox::No);
     }
     if (!box.title.empty()) widenForTitle(*widget);
+    hookEvents(widget,
+               [question = box.buttons != Buttons::Ok](QEvent* event) { return drops(event, question); });
     return widget;
 }
 
@@ -62,6 +80,7 @@ QMessageBox* open(const MessageBox& box, const std::function<void(Answer)>& answ
     };
     // Beside the edge's own connections: the box of an error is answered after the error.
     QObject::connect(widget, &QMessageBox::finished, widget, [close] { edge::guard(close); });
+    keyPause::begin(*widget);
     widget->show();
     widget->activateWindow();
     return widget;
@@ -75,6 +94,7 @@ Answer show(const MessageBox& box) {
     open(box, [&given](Answer answer) { given = answer; });
     host().waitWhile([&given] { return !given.has_value(); });
     windows::closeBox();
+    if (!windows::boxInFront()) keyPause::beginAgain();
     return *given;
 }
 

@@ -10,8 +10,8 @@
 
 namespace boxes {
 
-/// Shows the box over all windows; `answered` is told once. Without a title it has the program's name. A box
-/// that is closed without a button counts as No, or as OK where that is the only button.
+/// Shows the box over all windows; `answered` is told once. Without a title it has the program's name. Only
+/// its buttons answer a question; an OK box can be closed too.
 QMessageBox* open(const MessageBox& box, const std::function<void(Answer)>& answered);
 
 /// The newest box on show, or none.

@@ -26,10 +26,11 @@ void showRange(QScrollBar& bar, const Control& control) {
     bar.setValue(control.value.toInt());
 }
 
-/// One step a notch, whatever the desktop scrolls elsewhere.
+/// One step a notch, whatever the desktop scrolls elsewhere; and none for a wheel that only passes over.
 void hookWheel(QScrollBar* bar, Control& control) {
-    hookEvents(bar, [&control](QEvent* event) {
+    hookEvents(bar, [bar, &control](QEvent* event) {
         if (event->type() != QEvent::Wheel) return false;
+        if (!bar->hasFocus()) return true;
         const int notches =
             static_cast<QWheelEvent*>(event)->angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
         faces::act([&control, notches] { person::step(control, notches); });

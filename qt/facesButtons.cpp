@@ -1,9 +1,11 @@
 // Faces of buttons, tick boxes and option buttons.
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "forms/person.h"
+#include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
 #include "qt/look.h"
@@ -76,6 +78,18 @@ Face button(Control& control, QWidget* parent) {
 
 Face tickBox(Control& control, QWidget* parent) { return checkable<QCheckBox>(control, parent); }
 
-Face optionButton(Control& control, QWidget* parent) { return checkable<QRadioButton>(control, parent); }
+/// The arrow keys choose in the group.
+Face optionButton(Control& control, QWidget* parent) {
+    Face face = checkable<QRadioButton>(control, parent);
+    hookEvents(face.widget, [&control](QEvent* event) {
+        if (event->type() != QEvent::KeyPress) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool on = key == Qt::Key_Down || key == Qt::Key_Right;
+        if (!on && key != Qt::Key_Up && key != Qt::Key_Left) return false;
+        act([&control, on] { person::chooseBeside(control, on ? 1 : -1); });
+        return true;
+    });
+    return face;
+}
 
 }  // namespace faces

@@ -9,6 +9,8 @@
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "forms/lineBreaks.h"
 #include "forms/person.h"
@@ -185,6 +187,27 @@ void followText(QComboBox& box, const Control& control) {
     if (box.currentIndex() != named) box.setCurrentIndex(named);
 }
 
+/// The press by which the pointer brings the focus to a combo box leaves its text selected and does no more.
+void hookEntry(QComboBox* box) {
+    const auto brought = std::make_shared<bool>(false);
+    const auto passing = std::make_shared<bool>(false);
+    hookEvents(box, [box, brought](QEvent* event) {
+        if (event->type() == QEvent::FocusIn)
+            *brought = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        if (event->type() == QEvent::MouseButtonPress) *brought = false;
+        return event->type() == QEvent::Wheel &&
+               !box->hasFocus();  // only the pointer is here, not the person
+    });
+    hookEvents(box->lineEdit(), [brought, passing](QEvent* event) {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::MouseButtonPress) *passing = std::exchange(*brought, false);
+        const bool dropped = *passing && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
+                                          type == QEvent::MouseButtonRelease);
+        if (type == QEvent::MouseButtonRelease) *passing = false;
+        return dropped;
+    });
+}
+
 void showItems(QComboBox& box, const Control& control) {
     const Showing showing;
     box.clear();
@@ -252,6 +275,7 @@ Face comboBox(Control& control, QWidget* parent) {
     onPerson(
         box, &QComboBox::activated, [&control](int line) { person::chooseLine(control, line); }, showChoice);
     hookCursor(edit, control);
+    hookEntry(box);
     hookKeys(edit, control);
     hookKeys(box, control);
     return {box,

@@ -16,7 +16,9 @@
 #include "qt/faceMeter.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
+#include "qt/keyPause.h"
 #include "qt/look.h"
+#include "qt/realTimers.h"
 
 namespace formWindow {
 
@@ -183,6 +185,11 @@ void show(Control& form, Property property) {
     if (property == Property::Caption) widget.setWindowTitle(faces::toQt(form.caption));
     if (property != Property::Visible) return;
     if (form.visible && !isMain(form)) openDialog(form, widget);
+    if (form.visible && (form.comesByItself || realTimers::isFiring())) {
+        keyPause::begin(widget);
+    } else {
+        keyPause::end(widget);
+    }
     widget.setVisible(form.visible);
     if (!form.visible) return;
     widget.raise();

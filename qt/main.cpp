@@ -15,6 +15,8 @@
 #include "qt/desktopTheme.h"
 #include "qt/edge.h"
 #include "qt/emblem.h"
+#include "qt/heldInput.h"
+#include "qt/keyPause.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
 #include "qt/pressEcho.h"
@@ -41,7 +43,7 @@ Host desktopHost() {
     Host host;
     host.waitWhile = waitWhile;
     host.messageBox = boxes::show;
-    host.yield = [] { QCoreApplication::processEvents(); };
+    host.yield = heldInput::yield;
     host.milliseconds = [] { return static_cast<std::uint32_t>(sinceStart.elapsed()); };
     host.today = [] { return QDate::currentDate().toString(Qt::ISODate).toStdString(); };
     host.timeOfDay = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
@@ -67,6 +69,8 @@ int main(int argc, char** argv) {
     mirror::build();
     pressEcho::begin();
     realTimers::build();
+    keyPause::enforce();
+    heldInput::enforce();
     edge::run(run::startApplication);
     return QApplication::exec();
 }

@@ -10,8 +10,11 @@
 #include "qt/faces.h"
 #include "qt/formWindow.h"
 #include "qt/geometry.h"
+#include "qt/keyPause.h"
 #include "qt/modality.h"
 #include "qt/names.h"
+#include "qt/optionGroups.h"
+#include "qt/pageKeys.h"
 #include "qt/radioSpeech.h"
 
 namespace mirror {
@@ -60,16 +63,33 @@ void layOut(Control& form) {
     }
 }
 
+/// Where no key does anything: the tabs of the form, or nowhere.
+void giveFocusAway(QWidget& window) {
+    for (const auto& [control, face] : faceOf) {
+        if (control->kind == Kind::TabControl && face.widget->window() == &window && face.widget->isVisible())
+            return face.widget->setFocus();
+    }
+    if (window.focusWidget() != nullptr) window.focusWidget()->clearFocus();
+}
+
+/// What stands on a page that is not up cannot have the keys, and they must not go where they went before.
+void giveFocus(const Control& control) {
+    QWidget& widget = *faceOf.at(&control).widget;
+    const bool pageIsUp = !widget.window()->isVisible() || widget.isVisible();
+    pageIsUp ? widget.setFocus() : giveFocusAway(*widget.window());
+}
+
 void show(Control& control, Property property) {
     const Face& face = faceOf.at(&control);
     switch (property) {
         case Property::Visible:
             face.widget->setVisible(control.visible);
             if (control.parent->kind == Kind::Form) formWindow::fit(*control.parent);
+            if (control.visible && control.comesByItself) keyPause::begin(*face.widget);
             break;
         case Property::Enabled: face.widget->setEnabled(control.enabled); break;
         case Property::Place: place(control); break;
-        case Property::Focus: face.widget->setFocus(); break;
+        case Property::Focus: giveFocus(control); break;
         default: face.show(property);
     }
     if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));
@@ -96,7 +116,11 @@ void onChange(Control& control, Property property) {
     if (control.kind == Kind::Timer) return;
     const faces::Showing showing;
     if (control.kind != Kind::Form) {
+        QWidget& window = *faceOf.at(&control).widget->window();
+        const QWidget* before = window.focusWidget();
         show(control, property);
+        // From what is hidden or disabled the toolkit hands the focus on to whatever comes next.
+        if (property != Property::Focus && window.focusWidget() != before) giveFocusAway(window);
     } else if (property == Property::Design) {
         showAll(control);
         formWindow::show(control, property);
@@ -133,6 +157,8 @@ void build() {
         showAll(*form);
     }
     watchControls(onChange);
+    optionGroups::follow();
+    pageKeys::follow();
     modality::enforce();
     edge::connect(qApp, &QApplication::focusChanged, takeFocus);
 }

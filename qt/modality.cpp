@@ -61,6 +61,8 @@ bool isInput(QEvent::Type type) {
 
 }  // namespace
 
+bool standsBehind(const QWidget& widget) { return windowInFrontOf(widget) != nullptr; }
+
 void enforce() {
     hookAllEvents([](QObject* object, QEvent* event) {
         const bool activated = event->type() == QEvent::WindowActivate;

@@ -3,9 +3,14 @@
 // any point.
 #pragma once
 
+#include <QWidget>
+
 namespace modality {
 
 /// Keeps input from windows that stand behind a modal one, from now on.
 void enforce();
+
+/// Whether the widget's window takes no input, since something modal stands before it.
+bool standsBehind(const QWidget& widget);
 
 }  // namespace modality

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "forms/control.h"
+#include "platform/onLeave.h"
 #include "qt/edge.h"
 
 namespace realTimers {
@@ -11,6 +12,14 @@ namespace realTimers {
 namespace {
 
 std::map<const Control*, QTimer*> timerOf;
+int firing = 0;
+
+void fire(const Control& timer) {
+    if (!timer.on.timer) return;
+    ++firing;
+    const OnLeave done([] { --firing; });
+    timer.on.timer();
+}
 
 void follow(const Control& control, QTimer& timer) {
     if (control.enabled && control.interval > 0) {
@@ -33,12 +42,12 @@ void build() {
         if (control->kind != Kind::Timer) continue;
         auto* timer = new QTimer;
         timer->setTimerType(Qt::PreciseTimer);
-        edge::connect(timer, &QTimer::timeout, [control] {
-            if (control->on.timer) control->on.timer();
-        });
+        edge::connect(timer, &QTimer::timeout, [control] { fire(*control); });
         timerOf[control] = timer;
     }
     watchControls(onChange);
 }
+
+bool isFiring() { return firing > 0; }
 
 }  // namespace realTimers

@@ -7,4 +7,7 @@ namespace realTimers {
 /// Makes the timers and watches the records.
 void build();
 
+/// Whether what happens now comes of a timer and not of the person.
+bool isFiring();
+
 }  // namespace realTimers

@@ -78,6 +78,7 @@ TEST_F(Course, AStartTakesNegativeTimesAndRoundsItsIntervals) {
         return f.lblClock.caption + " " + f.lblScore.caption;
     };
     EXPECT_EQ(started("-2", "-5", "-0.5"), "0-2:0-5 -1");
+    EXPECT_EQ(started("0.5", "58.5", "0"), "12:58 0") << "halves to even, and no hour 0 on the dial";
     std::string intervals;
     for (const int rate : {1, 3, 4, 16, 20}) {
         setValue(frmOptions.hsbRate, rate);

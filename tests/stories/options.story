@@ -18,8 +18,9 @@ type O.txtTime(0) 13 | type O.txtTime(1) 60 | start | ok Invalid Start Time
 O.txtTime(0) focused | O.txtTime(0).selLength = 2 | T.tmrClock disabled | key O.txtTime(0) 48
 O.txtTime(0) = 0
 key O.txtTime(1) 13 | answer OK | O.txtTime(1) focused | O.txtTime(1).selLength = 2
-# halves go to the even neighbour: 58, and the hour 0, which the dial shows as 12
-paste O.txtTime(0) 0.5 | paste O.txtTime(1) 58.5 | type O.txtInitScore 1999.9 | tick O.chkOptionsFrequency
+# a paste is dropped like any other key; the hour 0 is 12 on the dial
+paste O.txtTime(0) 9 | O.txtTime(0) = 0 | type O.txtTime(1) 58 | type O.txtInitScore 1999.9
+tick O.chkOptionsFrequency
 key O.txtTime(0) 13 | O hidden | T.lblClock = 12:58 | T.lblScore = 1999 | T.tmrClock.interval = 333
 T.tmrHealth.interval = 83 | T.tmrHealthMonitor.interval = 45 | T.lblX(0) = 01:20 | T.lblX(6) = 03:32
 # a second patient without a request: the box keeps its tick; 1999 - 33.18 for 0 against 0.42
