@@ -62,7 +62,7 @@ void makeHost(const std::string& folder, QElapsedTimer& clock) {
     h.today = [] { return "2026-01-05"; };
     h.timeOfDay = [] { return "09:30:00"; };
     h.programFolder = [folder] { return folder; };
-    h.loadPicture = pictures::check;
+    h.checkPicture = pictures::check;
     h.endProgram = [](int status) { std::_Exit(status); };
 }
 

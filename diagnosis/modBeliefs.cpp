@@ -14,7 +14,6 @@ namespace {
 
 FrmDiagnosis& f = frmDiagnosis;
 
-constexpr int wholeBelief = 100;
 constexpr int leastSum = 90;  // sums from here to 100 are left alone
 
 /// A change is under way: what its assignments set off belongs to it.

@@ -14,6 +14,9 @@ namespace modBeliefs {
 inline constexpr const char* stepTooLarge = "Error: Step too large, please move in smaller steps";
 inline constexpr const char* cannotRescale = "Error: Cannot rescale, please make beliefs add up to 1.00";
 
+/// Certainty on a meter, percent.
+inline constexpr int wholeBelief = 100;
+
 Int16 beliefOf(Int16 row);
 
 /// Greatest value of a yoked meter: it leaves room for 1 in every other row.

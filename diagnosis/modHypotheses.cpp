@@ -11,13 +11,13 @@
 namespace modHypotheses {
 
 using modBeliefs::beliefOf;
+using modBeliefs::wholeBelief;
 using modBeliefs::yokedMax;
 
 namespace {
 
 FrmDiagnosis& f = frmDiagnosis;
 
-constexpr int wholeBelief = 100;
 constexpr const char* addCaption = "Add Hypothesis";
 constexpr const char* removeCaption = "Remove Hypothesis";
 

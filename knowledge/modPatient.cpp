@@ -95,7 +95,7 @@ void showPatient(Patient& patient) {
     setCaption(f.lblWeight, numberText::whole(patient.weight) + " lbs");
     if (!patient.intro.empty()) setText(f.txtIntro, readIntroFile(patient.intro));
     const std::string picture = patientFile(patient.picture);
-    host().loadPicture(picture);
+    host().checkPicture(picture);
     setPicture(f.imgPatient, picture);
 }
 

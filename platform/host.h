@@ -32,7 +32,7 @@ struct Host {
     /// The folder in which the program, `data` and `Patients` stand.
     std::function<std::string()> programFolder;
     /// Faults with File not found or Invalid picture.
-    std::function<void(const std::string& path)> loadPicture;
+    std::function<void(const std::string& path)> checkPicture;
     /// Ends the program now. Does not return.
     std::function<void(int status)> endProgram;
 };

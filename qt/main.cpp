@@ -48,7 +48,7 @@ Host desktopHost() {
     host.today = [] { return QDate::currentDate().toString(Qt::ISODate).toStdString(); };
     host.timeOfDay = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
     host.programFolder = files::folderOfProgram;
-    host.loadPicture = pictures::check;
+    host.checkPicture = pictures::check;
     host.endProgram = endNow;
     return host;
 }

@@ -36,7 +36,7 @@ m('P13', 'platform/list.h', 'index < 0 || index >= size()', 'index < 0 || index 
 # ---- forms
 m('F02', 'forms/control.cpp', '    control.selected.erase(control.selected.begin() + index);\n', '    control.selected.pop_back();\n', 'a removed line takes its selection with it')
 m('F04', 'forms/windows.cpp', 'void hide(Control& form) {\n    std::erase(modals(), &form);\n', 'void hide(Control& form) {\n', 'a hidden modal form is modal no more, at once')
-m('F06', 'forms/windows.cpp', '    if (form.active != nullptr && isUsable(*form.active)) return;\n', '', 'a form comes up with the focus on its last active control')
+m('F06', 'forms/windows.cpp', '    if (form.active != nullptr && isUsable(*form.active)) return takeFocus(*form.active);\n', '', 'a form comes up with the focus on its last active control')
 m('F08', 'forms/frmDiagnosis.cpp', '.look.alarming = true;', '.look.alarming = false;', 'the reason of a refusal is in the alarm colour')
 m('F11', 'forms/frmTavix.cpp', '    intro.readOnly = true;\n', '', 'the subject cannot write in the introduction')
 m('F13', 'forms/frmTavix.cpp', '    help.look.clips = true;  // its caption grows with each patient\n', '', 'the growing header is clipped, not shrunk')

@@ -44,7 +44,7 @@ Host make() {
     host.today = virtualTime::today;
     host.timeOfDay = virtualTime::timeOfDay;
     host.programFolder = [] { return programFolder; };
-    host.loadPicture = pictures::check;
+    host.checkPicture = pictures::check;
     return host;
 }
 

@@ -18,7 +18,7 @@ Logic::Logic() {
     h.today = [] { return "2026-01-05"; };
     h.timeOfDay = [] { return "09:30:00"; };
     h.programFolder = [this] { return study.folder; };
-    h.loadPicture = pictures::check;
+    h.checkPicture = pictures::check;
     h.endProgram = [](int) { throw ProgramEnded(); };
 }
 

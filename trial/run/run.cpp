@@ -169,7 +169,9 @@ void endTrial(bool record) {
     if (record) modAppRecord::recordTrialEnd();
     setVisible(frmTavix.cmdNextPatient, true);
     windows::setFocus(frmTavix.cmdNextPatient);
-    if (!rescaled) tell("Beliefs could not be rescaled and were scored as they stand", "Results");
+    // An aborted patient is scored without beliefs.
+    const bool scoresBeliefs = trialState.patients[trialState.currentPatient].status != endings::aborted;
+    if (scoresBeliefs && !rescaled) tell("Beliefs could not be rescaled and were scored as they stand", "Results");
 }
 
 void abortForOptionsDuringTrial() {
