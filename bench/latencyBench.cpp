@@ -25,7 +25,7 @@
 #include "screens/wiring.h"
 #include "store/layer/database.h"
 #include "store/record/modAppRecord.h"
-#include "tools/createStore.h"
+#include "study/createStore.h"
 #include "trial/run/run.h"
 
 namespace {

@@ -15,7 +15,7 @@
 #include "platform/host.h"
 #include "store/layer/keyDerivation.h"
 #include "store/layer/openTable.h"
-#include "tools/createStore.h"
+#include "study/createStore.h"
 
 namespace {
 

@@ -28,7 +28,8 @@ foreach(side 48 128 256)
 endforeach()
 install(DIRECTORY ${CMAKE_BINARY_DIR}/icons/ DESTINATION share/icons/hicolor)
 
-# The manual pages are what the programs say themselves with --help; its first line is the page's name.
+# The manual pages are what the programs say themselves with --help, its first line being the page's name;
+# where there are subcommands --help-all tells of them too.
 find_program(HELP2MAN help2man)
 if(HELP2MAN)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
@@ -38,9 +39,9 @@ if(HELP2MAN)
       set(program $<TARGET_FILE:${name}>)
     endif()
     set(page ${CMAKE_BINARY_DIR}/man/${name}.1)
-    set(write "${HELP2MAN} --no-info --version-string=$1 --name=\"$name\" --output=$2 $0")
+    set(write "${HELP2MAN} --no-info --version-string=$1 --name=\"$name\" --help-option=$all --output=$2 $0")
     add_custom_command(OUTPUT ${page}.gz DEPENDS ${program} VERBATIM
-      COMMAND sh -ec "name=$($0 --help | head -n 1); ${write}" ${program} ${PROJECT_VERSION} ${page}
+      COMMAND sh -ec "name=$($0 --help | head -n 1); all=--help; if $0 --help | grep -q help-all; then all=--help-all; fi; ${write}" ${program} ${PROJECT_VERSION} ${page}
       COMMAND gzip -9nf ${page})
     list(APPEND made ${page}.gz)
   endforeach()

@@ -11,7 +11,7 @@
 #include "platform/numberText.h"
 #include "store/layer/engine.h"
 #include "store/layer/openTable.h"
-#include "tools/createStore.h"
+#include "study/createStore.h"
 
 namespace {
 

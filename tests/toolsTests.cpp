@@ -5,7 +5,7 @@
 #include "store/layer/schema.h"
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
-#include "tools/createStore.h"
+#include "study/createStore.h"
 
 namespace {
 

@@ -1,39 +1,24 @@
-// tavixdb: the experimenter's tool for store files.
-#include <CLI/CLI.hpp>
-#include <algorithm>
+// tavixdb: the program of those who make a study and take its data out.
 #include <iostream>
+#include <vector>
 
-#include "tools/createStore.h"
-
-namespace {
-
-constexpr std::size_t mostProblems = 20;  // shown one by one; one wrong column complains about every row
-
-}  // namespace
+#include "tools/commands.h"
 
 int main(int argc, char** argv) {
     CLI::App app{"Makes store files for Tavix."};
     app.require_subcommand(1);
-    CLI::App* create = app.add_subcommand("create", "Makes a store file from a folder of CSV tables.");
-    std::string tables;
-    std::string file;
-    bool force = false;
-    const std::vector<const CLI::Option*> ofCreate{
-        create->add_option("TABLES", tables, "folder of CSV files named after the tables")->required(),
-        create->add_option("FILE", file, "the store file to make")->required(),
-        create->add_flag("--force", force, "replace an existing file; its owner and permissions stay")};
-    app.footer([&ofCreate] {
-        return CLI::Formatter{}.make_group("Arguments of create", false, ofCreate) +
-               "\nExit status:\n"
-               "  0    the store was made; standard error notes what was left out\n"
-               "  1    nothing was made or replaced; standard error says why, with file, line and column";
-    });
+    app.set_help_all_flag("--help-all", "Print the help of every command and exit");
+    const std::vector<commands::Command> all{commands::create(app)};
+    app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     CLI11_PARSE(app, argc, argv);
-
-    const auto [problems, notes] = createStore::create(tables, file, force);
-    for (const std::string& note : notes) std::cerr << "note: " << note << '\n';
-    const std::size_t shown = std::min(problems.size(), mostProblems);
-    for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
-    if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
-    return problems.empty() ? 0 : 1;
+    for (const commands::Command& command : all) {
+        if (!command.app->parsed()) continue;
+        try {
+            return command.run();
+        } catch (const std::exception& error) {
+            std::cerr << error.what() << '\n';
+            return 1;
+        }
+    }
+    return 1;
 }

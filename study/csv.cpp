@@ -1,4 +1,4 @@
-#include "tools/csv.h"
+#include "study/csv.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "tools/createStore.h"
+#include "study/createStore.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +10,7 @@
 #include "store/layer/database.h"
 #include "store/layer/dialect.h"
 #include "store/layer/engine.h"
-#include "tools/readTables.h"
+#include "study/readTables.h"
 
 namespace createStore {
 

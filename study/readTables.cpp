@@ -1,4 +1,4 @@
-#include "tools/readTables.h"
+#include "study/readTables.h"
 
 #include <fmt/format.h>
 
@@ -14,7 +14,7 @@
 #include "platform/files.h"
 #include "platform/numberText.h"
 #include "platform/text.h"
-#include "tools/csv.h"
+#include "study/csv.h"
 
 namespace readTables {
 

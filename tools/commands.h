@@ -1,0 +1,18 @@
+// The subcommands of tavixdb, each in a file of its own: its arguments, and what it prints. What a command
+// does stands in study/, where a window can use it too.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+
+namespace commands {
+
+struct Command {
+    CLI::App* app;             ///< its arguments, with their help
+    std::function<int()> run;  ///< the exit status
+};
+
+/// Makes a store file from a folder of CSV tables.
+Command create(CLI::App& program);
+
+}  // namespace commands

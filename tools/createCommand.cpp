@@ -1,0 +1,44 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+#include "study/createStore.h"
+#include "tools/commands.h"
+
+namespace commands {
+
+namespace {
+
+constexpr std::size_t mostProblems = 20;  // shown one by one; one wrong column complains about every row
+
+struct Arguments {
+    std::string tables;
+    std::string file;
+    bool force = false;
+};
+
+int make(const Arguments& arguments) {
+    const auto [problems, notes] = createStore::create(arguments.tables, arguments.file, arguments.force);
+    for (const std::string& note : notes) std::cerr << "note: " << note << '\n';
+    const std::size_t shown = std::min(problems.size(), mostProblems);
+    for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
+    if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
+    return problems.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+Command create(CLI::App& program) {
+    const auto given = std::make_shared<Arguments>();
+    CLI::App* app = program.add_subcommand("create", "Makes a store file from a folder of CSV tables.");
+    app->add_option("TABLES", given->tables, "folder of CSV files named after the tables")->required();
+    app->add_option("FILE", given->file, "the store file to make")->required();
+    app->add_flag("--force", given->force, "replace an existing file; its owner and permissions stay");
+    app->footer(
+        "Exit status:\n"
+        "  0    the store was made; standard error notes what was left out\n"
+        "  1    nothing was made or replaced; standard error says why, with file, line and column");
+    return {app, [given] { return make(*given); }};
+}
+
+}  // namespace commands
