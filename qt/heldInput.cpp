@@ -8,7 +8,9 @@
 #include <QWindow>
 #include <algorithm>
 #include <deque>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/onLeave.h"
@@ -21,12 +23,15 @@ namespace heldInput {
 
 namespace {
 
+using Maker = std::function<std::unique_ptr<QEvent>()>;
+
 struct Kept {
     QPointer<QObject> target;
     QPointer<QWindow> window;
-    std::unique_ptr<QEvent> event;
-    QPointer<QWidget> under;  ///< what the pointer was on
-    bool wasCovered = false;  ///< a box or dialog has come up since
+    Maker event;
+    std::optional<QPoint> pointer;  ///< where it was, for the pointer's events
+    QPointer<QWidget> under;        ///< what the pointer was on
+    bool wasCovered = false;        ///< a box or dialog has come up since
 };
 
 /// The windows that have come up since each wait began, the innermost wait last.
@@ -36,10 +41,30 @@ const QEvent* delivered = nullptr;
 
 QWidget* widgetOf(const QWindow& window) { return QWidget::find(window.winId()); }
 
-QWidget* underPointer(const QWindow& window, const QEvent& event) {
+QWidget* at(const QWindow& window, const std::optional<QPoint>& pointer) {
+    const QWidget* top = pointer ? widgetOf(window) : nullptr;
+    return top == nullptr ? nullptr : top->childAt(*pointer);
+}
+
+/// The toolkit's copies of a pointer's event all share the place where the pointer is last, so that one is
+/// made anew.
+Maker makerOf(const QEvent& event, const QMouseEvent* mouse) {
+    if (mouse == nullptr) {
+        const std::shared_ptr<QEvent> copy(event.clone());
+        return [copy] { return std::unique_ptr<QEvent>(copy->clone()); };
+    }
+    return [type = mouse->type(), place = mouse->position(), global = mouse->globalPosition(),
+            button = mouse->button(), buttons = mouse->buttons(), modifiers = mouse->modifiers()] {
+        return std::make_unique<QMouseEvent>(type, place, place, global, button, buttons, modifiers);
+    };
+}
+
+Kept heldOf(QObject* target, QWindow& window, const QEvent& event) {
     const auto* mouse = dynamic_cast<const QMouseEvent*>(&event);
-    QWidget* top = mouse == nullptr ? nullptr : widgetOf(window);
-    return top == nullptr ? nullptr : top->childAt(mouse->position().toPoint());
+    Kept held{target, &window, makerOf(event, mouse), std::nullopt, nullptr, false};
+    if (mouse != nullptr) held.pointer = mouse->position().toPoint();
+    held.under = at(window, held.pointer);
+    return held;
 }
 
 /// The platform brings its events to the window first, but for what an input method has composed.
@@ -56,17 +81,18 @@ bool isInput(const QWindow& window, const QEvent& event) {
         case QEvent::InputMethod:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletRelease: return true;
+        case QEvent::MouseButtonDblClick: return true;
         case QEvent::MouseMove: return static_cast<const QMouseEvent&>(event).buttons() != Qt::NoButton;
         case QEvent::Close: return &window != formWindow::mainWindow()->windowHandle();
         default: return false;
     }
+}
+
+/// Nothing comes of the wheel, and touch and pen come once more as the pointer where nobody takes them.
+bool isDropped(QEvent::Type type) {
+    return type == QEvent::Wheel || type == QEvent::TouchBegin || type == QEvent::TouchUpdate ||
+           type == QEvent::TouchEnd || type == QEvent::TabletPress || type == QEvent::TabletMove ||
+           type == QEvent::TabletRelease;
 }
 
 bool takesInput(const QWindow* window) {
@@ -85,12 +111,12 @@ bool isKept(const QWindow& window) {
 }
 
 /// The toolkit asks for a shortcut before the key comes; a key that was kept is asked for here.
-bool pressesByLetter(const Kept& held) {
-    const auto* key = dynamic_cast<QKeyEvent*>(held.event.get());
+bool pressesByLetter(const QWindow& window, const QEvent& event) {
+    const auto* key = dynamic_cast<const QKeyEvent*>(&event);
     if (key == nullptr || key->type() != QEvent::KeyPress || key->modifiers() != Qt::AltModifier)
         return false;
     const QKeySequence pressed(key->modifiers() | Qt::Key(key->key()));
-    for (auto* button : widgetOf(*held.window)->findChildren<QAbstractButton*>()) {
+    for (auto* button : widgetOf(window)->findChildren<QAbstractButton*>()) {
         if (button->shortcut() != pressed || !button->isVisible() || !button->isEnabled()) continue;
         button->setFocus(Qt::ShortcutFocusReason);
         button->click();
@@ -109,10 +135,11 @@ void deliverNext() {
     kept.erase(next);
     deliverLater();
     if (held.target == nullptr || held.window == nullptr || !held.window->isVisible()) return;
-    if (held.wasCovered && underPointer(*held.window, *held.event) != held.under) return;
-    if (pressesByLetter(held)) return;
-    delivered = held.event.get();
-    QCoreApplication::sendEvent(held.target, held.event.get());
+    if (held.wasCovered && at(*held.window, held.pointer) != held.under) return;
+    const std::unique_ptr<QEvent> event = held.event();
+    if (pressesByLetter(*held.window, *event)) return;
+    delivered = event.get();
+    QCoreApplication::sendEvent(held.target, event.get());
     delivered = nullptr;
 }
 
@@ -137,12 +164,11 @@ bool keep(QObject* object, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::Show) noteNewcomer(*window);
-    const bool question = event->type() == QEvent::ShortcutOverride;
-    if ((!question && !isInput(*window, *event)) || !isKept(*window)) return false;
-    if (!question)
-        kept.push_back(
-            {object, window, std::unique_ptr<QEvent>(event->clone()), underPointer(*window, *event)});
-    event->setAccepted(event->type() != QEvent::Close);
+    const QEvent::Type type = event->type();
+    const bool dropped = isDropped(type) || type == QEvent::ShortcutOverride;
+    if ((!dropped && !isInput(*window, *event)) || !isKept(*window)) return false;
+    if (!dropped) kept.push_back(heldOf(object, *window, *event));
+    event->setAccepted(type != QEvent::Close && !isDropped(type));
     return true;
 }
 

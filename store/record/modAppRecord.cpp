@@ -56,9 +56,11 @@ void recordInitialHypothesisState() {
 std::string recordEvent(const std::string& action, Int16 actionNum, const std::string& input, bool output) {
     TrialState& s = trialState;
     ++s.eventCount;
+    // Before the store is opened: while it is waited for, a dialog that a timer brings up can record an event.
+    const std::string eventId = trialStem() + numberText::padded(s.eventCount, 3);
     RecordSet events = openTable("dataEvents", false, "Recording event " + action);
     events.AddNew();
-    events.Fields("EventID") = trialStem() + numberText::padded(s.eventCount, 3);
+    events.Fields("EventID") = eventId;
     events.Fields("Subject") = s.subjectName;
     events.Fields("Trial") = s.trialNumber;
     events.Fields("Date") = host().today();
@@ -70,7 +72,6 @@ std::string recordEvent(const std::string& action, Int16 actionNum, const std::s
     events.Fields("Input") = input;
     events.Fields("Output") = output;
     events.Fields("DiagnosisID") = s.diagnosisStateId;
-    const std::string eventId = events.Fields("EventID").text();
     events.Update();
     return eventId;
 }

@@ -10,6 +10,8 @@ FirstTime = true | savedNames = ["Unknown","",""] | commit | D.cboHypothesis(0) 
 D.lblError = Error: Invalid disease, please choose from selection
 # names count with their case; the meter comes and goes with them
 type D.cboHypothesis(0) aavo | D.hsbBelief(0) hidden | click D.cmdAdd(0) | D.fraHypothesis(1) hidden
+# a character replaces the text of a box that has just got the focus, the next one is added
+key D.cboHypothesis(0) 65 | key D.cboHypothesis(0) 97 | D.cboHypothesis(0) = Aa
 type D.cboHypothesis(0) Aavo | D.hsbBelief(0) D.lblBelief(0) D.lblBeliefMeter(0) shown
 # a new row offers what is not named above it, and locks the name above; one without a name goes away again
 click D.cmdAdd(0) | D.lblError = "" | D.cmdAdd(0) = Remove Hypothesis | D.cmdAdd(1) D.fraHypothesis(1) shown
