@@ -44,6 +44,14 @@ struct Place {
 struct Look {
     enum class Align { Left, Right, Centre };
     enum class Drawing { OfItsKind, HealthTrace, Emblem };
+    /// How a text that is made up of blanks and line breaks is cut into the cells of a grid.
+    enum class Cells {
+        None,
+        Lines,   ///< a line is a cell
+        Marks,   ///< what stands between blanks, each under the one above it
+        Heads,   ///< words that begin every 15 characters, from the second on
+        Numbers  ///< 14 blanks between numbers; a word ends the line
+    };
     int fontSize = 195;
     bool bold = false;
     bool fixedWidth = false;
@@ -55,6 +63,9 @@ struct Look {
     bool echoes = false;               ///< a press of the button is seen for a moment
     std::array<int, 3> ink{-1, 0, 0};  ///< lines: red, green and blue, where the theme does not choose
     Drawing drawing = Drawing::OfItsKind;
+    int table = 0;              ///< texts of a form with one number are set in one size; 0 is no table
+    Cells cells = Cells::None;  ///< where they begin at one left edge, texts of a table share their columns
+    int rows = 1;               ///< of the grid's cells, over the height of its place
 };
 
 /// What the form does. An empty function is an event that nobody handles.

@@ -15,7 +15,8 @@ void designRow(int i) {
         .visible = i == 0;
     const design::Container frame{&f.fraHypothesis[i]};
     design::label(frame, NAMED_AT(f, lblSelect, i), {120, 240, 1935, 255}, "Select");
-    design::place(frame, NAMED_AT(f, cboHypothesis, i), Kind::ComboBox, {120, 480, 1455, 315}, "Unknown");
+    design::place(frame, NAMED_AT(f, cboHypothesis, i), Kind::ComboBox, {120, 480, 1455, 315}, "Unknown")
+        .look.fontSize = 180;
     design::label(frame, NAMED_AT(f, lblBeliefMeter, i), {1680, 240, 975, 255}, "Belief Meter").visible =
         false;
     Control& meter =

@@ -12,7 +12,9 @@ constexpr Look smallBold{165, true};
 constexpr Look smallRight{165, false, false, Look::Align::Right};
 constexpr Look smallBoldRight{165, true, false, Look::Align::Right};
 constexpr Look tagText{180};
-constexpr Look tableText{190, false, true};
+constexpr Look fixedText{190, false, true};
+constexpr int diseaseTable = 1;
+constexpr int feedbackTable = 2;
 constexpr Look nameValue{285, true};
 constexpr Look bigValue{405, true};
 constexpr const char* chooseTreatment = "Choose Treatment...";
@@ -107,17 +109,21 @@ void designTestSlots(FrmTavix& f) {
 void designTestsPage(FrmTavix& f) {
     designTestSlots(f);
     const Container page{&f.tabTavix, 1};
-    label(page, NAMED(f, lblBaseRates), {120, 4140, 7335, 240}).look = tableText;
-    label(page, NAMED(f, lblSvD), {120, 4410, 7335, 270}).look = tableText;
-    Control& table = design::place(page, NAMED(f, txtSvD), Kind::TextBox, {120, 4695, 7335, 1455});
+    // One grid: the rates, the heads on one line or two, and the rows of the table.
+    constexpr Look numbers{.fontSize = 190, .table = diseaseTable, .cells = Look::Cells::Numbers};
+    label(page, NAMED(f, lblBaseRates), {120, 4110, 7335, 225}).look = numbers;
+    label(page, NAMED(f, lblSvD), {120, 4335, 7335, 450}).look = {
+        .fontSize = 190, .bold = true, .table = diseaseTable, .cells = Look::Cells::Heads};
+    Control& table = design::place(page, NAMED(f, txtSvD), Kind::TextBox, {120, 4800, 7335, 1560});
     table.multiLine = true;
     table.readOnly = true;
-    table.look = tableText;
+    table.look = numbers;
+    table.look.rows = 6;
 
-    design::place(page, NAMED(f, fraSigns), Kind::Frame, {120, 6240, 3975, 2475},
+    design::place(page, NAMED(f, fraSigns), Kind::Frame, {120, 6435, 3975, 2280},
                   "Vital Signs (Normal Range)");
     const Container signs{&f.fraSigns};
-    float top = 390;
+    float top = 360;
     for (const TaggedRow& row : {TaggedRow{NAMED(f, tagTemp), "Temperature (37.9):", NAMED(f, lblTemp)},
                                  TaggedRow{NAMED(f, tagPulse), "Pulse (60-90):", NAMED(f, lblPulse)},
                                  TaggedRow{NAMED(f, tagBP), "Blood Pressure (120/80):", NAMED(f, lblBP)},
@@ -125,15 +131,15 @@ void designTestsPage(FrmTavix& f) {
         label(signs, row.tag, {150, top + 30, 2550, 285}, row.caption);
         tagged(label(signs, row.value, {2760, top, 1065, 345}), row.tag.control).look = {210, true, false,
                                                                                          Look::Align::Centre};
-        top += 495;
+        top += 465;
     }
 
-    design::place(page, {f.fraDiagnose1, "fraDiagnose", 1}, Kind::Frame, {4215, 6240, 3240, 2475},
+    design::place(page, {f.fraDiagnose1, "fraDiagnose", 1}, Kind::Frame, {4215, 6435, 3240, 2280},
                   "Diagnose");
     const Container diagnose{&f.fraDiagnose1};
-    design::button(diagnose, NAMED(f, cmdDiagnosis), {150, 375, 2940, 570}, "Make Diagnosis");
-    label(diagnose, NAMED(f, tagCurrent), {150, 1065, 2940, 255}, "Current Diagnosis").look = tagText;
-    tagged(label(diagnose, NAMED(f, lblCurrentHypothesis), {150, 1320, 2940, 1020}), f.tagCurrent).look = {
+    design::button(diagnose, NAMED(f, cmdDiagnosis), {150, 345, 2940, 570}, "Make Diagnosis");
+    label(diagnose, NAMED(f, tagCurrent), {150, 960, 2940, 255}, "Current Diagnosis").look = tagText;
+    tagged(label(diagnose, NAMED(f, lblCurrentHypothesis), {150, 1215, 2940, 1020}), f.tagCurrent).look = {
         210, true};
 }
 
@@ -162,7 +168,7 @@ void designTreatmentsPage(FrmTavix& f) {
     Control& help = label(in, NAMED(f, lblHelpHeader), {150, 180, 7035, 255}, "Probabilities:");
     help.look = tagText;
     help.look.clips = true;  // its caption grows with each patient
-    design::place(in, NAMED(f, lstTreatments), Kind::ListBox, {150, 465, 7035, 4335}).look = tableText;
+    design::place(in, NAMED(f, lstTreatments), Kind::ListBox, {150, 465, 7035, 4335}).look = fixedText;
     design::place(in, NAMED(f, cboTreatment), Kind::ComboBox, {150, 4965, 4425, 405}, chooseTreatment)
         .prompt = chooseTreatment;
     design::button(in, NAMED(f, cmdPrescribe), {4665, 4935, 2520, 465}, "Prescribe").look.echoes = true;
@@ -235,41 +241,72 @@ void designScore(FrmTavix& f) {
         smallText;
 }
 
-struct FeedbackRow {
-    float top;
-    design::Named tag;
-    const char* caption;
-    design::Named yours;
-    design::Named actual;
-};
+/// A text of the feedback, all of which are set in one size.
+Look inFeedback(bool bold, Look::Align align = Look::Align::Left) {
+    return {.fontSize = 165, .bold = bold, .align = align, .table = feedbackTable};
+}
 
+/// The rows of the table, the beliefs at the ends of the bracket. The subject's side ends where the true side
+/// begins, so that a belief leaves its tag a whole line, and a tie of four diseases has room beside the short
+/// tag of its row. Of the places of tag and value only one is used to its end.
 void designFeedbackTable(FrmTavix& f) {
+    constexpr auto right = Look::Align::Right;
     const Container in{&f.fraFeedback};
-    label(in, NAMED(f, tagFinalDiagnosis), {1380, 270, 1200, 210}, "Your Diagnosis").look = smallBold;
-    label(in, NAMED(f, tagAnswer), {2640, 270, 960, 210}, "Actual").look = smallBold;
+    label(in, NAMED(f, tagFinalDiagnosis), {1560, 0, 1500, 225}, "Your Diagnosis").look =
+        inFeedback(true, right);
+    label(in, NAMED(f, tagAnswer), {3190, 0, 1455, 225}, "Actual").look = inFeedback(true);
+    struct FeedbackRow {
+        float top, height, valueLeft;
+        design::Named tag;
+        const char* caption;
+        design::Named yours;
+        design::Named actual;
+    };
     for (const FeedbackRow& row :
-         {FeedbackRow{510, NAMED(f, tagDisease), "Disease:", NAMED(f, lblFinalDiagnosis),
+         {FeedbackRow{180, 1000, 810, NAMED(f, tagDisease), "Disease:", NAMED(f, lblFinalDiagnosis),
                       NAMED(f, lblAnswer)},
-          FeedbackRow{1020, NAMED(f, tagYourBelief), "Your Probability Belief:", NAMED(f, lblDiagnosisBelief),
-                      NAMED(f, lblDiseaseBelief)},
-          FeedbackRow{1500, NAMED(f, tagDiseaseProbability),
+          FeedbackRow{1080, 240, 2595, NAMED(f, tagYourBelief),
+                      "Your Probability Belief:", NAMED(f, lblDiagnosisBelief), NAMED(f, lblDiseaseBelief)},
+          FeedbackRow{1680, 240, 2595, NAMED(f, tagDiseaseProbability),
                       "p(Disease given Symptoms):", NAMED(f, lblDiagChance), NAMED(f, lblDiseaseChance)},
-          FeedbackRow{1980, NAMED(f, tagNormalized), "Normalized Probability Belief:",
+          FeedbackRow{1920, 480, 2595, NAMED(f, tagNormalized), "Normalized Probability Belief:",
                       NAMED(f, lblDiagNormalized), NAMED(f, lblDiseaseNormalized)},
-          FeedbackRow{2460, NAMED(f, tagTreatment), "Treatment:", NAMED(f, lblYourTreatment),
+          FeedbackRow{2400, 450, 1530, NAMED(f, tagTreatment), "Treatment:", NAMED(f, lblYourTreatment),
                       NAMED(f, lblBestTreatment)},
-          FeedbackRow{2940, NAMED(f, tagTreatmentHeal), "p(Treatment will Heal):", NAMED(f, lblYourHeal),
-                      NAMED(f, lblActualHeal)},
-          FeedbackRow{3390, NAMED(f, tagTreatmentHurt), "p(Treatment will Harm):", NAMED(f, lblYourHurt),
-                      NAMED(f, lblActualHurt)}}) {
-        label(in, row.tag, {90, row.top, 1260, 420}, row.caption).look = smallText;
-        Control& yours = tagged(label(in, row.yours, {1380, row.top, 1215, 420}), row.tag.control);
-        yours.look = smallBold;
+          FeedbackRow{2895, 240, 2595, NAMED(f, tagTreatmentHeal),
+                      "p(Treatment will Heal):", NAMED(f, lblYourHeal), NAMED(f, lblActualHeal)},
+          FeedbackRow{3255, 240, 2595, NAMED(f, tagTreatmentHurt),
+                      "p(Treatment will Harm):", NAMED(f, lblYourHurt), NAMED(f, lblActualHurt)}}) {
+        label(in, row.tag, {60, row.top, row.valueLeft, row.height}, row.caption).look = inFeedback(false);
+        Control& yours =
+            tagged(label(in, row.yours, {row.valueLeft, row.top, 3060 - row.valueLeft, row.height}),
+                   row.tag.control);
+        yours.look = inFeedback(false, right);
         yours.head = &f.tagFinalDiagnosis;
-        Control& actual = tagged(label(in, row.actual, {2640, row.top, 960, 420}), row.tag.control);
-        actual.look = smallBold;
+        Control& actual = tagged(label(in, row.actual, {3190, row.top, 1455, row.height}), row.tag.control);
+        actual.look = inFeedback(false);
         actual.head = &f.tagAnswer;
     }
+    // Anything can stand in the box of treatments.
+    f.lblYourTreatment.look.clips = true;
+    f.lblBestTreatment.look.clips = true;
+}
+
+/// The tests with their results, and beside each the chances of its symptom. The first row is the one of the
+/// diseases' letters.
+void designFindings(FrmTavix& f) {
+    const Container in{&f.fraFeedback};
+    constexpr float top = 3840, height = 1740;
+    label(in, NAMED(f, tagTestResults), {60, 3585, 2220, 225}, "Test Results").look = inFeedback(true);
+    Look grid = inFeedback(false);
+    grid.rows = 7;
+    grid.cells = Look::Cells::Lines;
+    label(in, NAMED(f, lblAllTests), {60, top, 1560, height}).look = grid;
+    label(in, NAMED(f, lblTestResults), {1635, top, 705, height}).look = grid;
+    label(in, NAMED(f, lblSymptomology), {2400, 3585, 2235, 225}, "Symptomology").look =
+        inFeedback(true, Look::Align::Centre);
+    grid.cells = Look::Cells::Marks;
+    label(in, NAMED(f, lblEndSvD), {2400, top, 2235, height}).look = grid;
 }
 
 void designFeedback(FrmTavix& f) {
@@ -281,15 +318,11 @@ void designFeedback(FrmTavix& f) {
     design::line(in, NAMED(f, Line1), 3720, 1200, 3720, 1800);
     design::line(in, NAMED(f, Line2), 3600, 1800, 3720, 1800);
     design::line(in, NAMED(f, Line3), 3720, 1560, 3840, 1560);
-    label(in, NAMED(f, tagDiff), {3885, 1230, 720, 210}, "Diff").look = smallText;
-    tagged(label(in, NAMED(f, lblDiff), {3885, 1455, 720, 240}), f.tagDiff).look = smallBold;
-    label(in, NAMED(f, tagPenalty), {3885, 1860, 720, 210}, "Penalty").look = smallText;
-    tagged(label(in, NAMED(f, lblPenalty), {3885, 2085, 720, 240}), f.tagPenalty).look = smallBold;
-    label(in, NAMED(f, tagTestResults), {90, 3870, 2100, 225}, "Test Results").look = smallBold;
-    label(in, NAMED(f, lblAllTests), {90, 3990, 1290, 1575}).look = smallText;
-    label(in, NAMED(f, lblTestResults), {1395, 3990, 780, 1575}).look = smallText;
-    label(in, NAMED(f, lblSymptomology), {2280, 3870, 2325, 225}, "Symptomology").look = smallBold;
-    label(in, NAMED(f, lblEndSvD), {2280, 4140, 2325, 1425}).look = tableText;
+    label(in, NAMED(f, tagDiff), {3885, 1200, 720, 225}, "Diff").look = inFeedback(false);
+    tagged(label(in, NAMED(f, lblDiff), {3885, 1440, 720, 240}), f.tagDiff).look = inFeedback(true);
+    label(in, NAMED(f, tagPenalty), {3885, 1800, 720, 225}, "Penalty").look = inFeedback(false);
+    tagged(label(in, NAMED(f, lblPenalty), {3885, 2040, 720, 240}), f.tagPenalty).look = inFeedback(true);
+    designFindings(f);
 }
 
 void designDevelopment(FrmTavix& f) {

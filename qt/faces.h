@@ -47,6 +47,9 @@ std::string fromQt(const QString& text);
 /// With doubled ampersands, for captions from data that must not become mnemonics.
 QString literally(const std::string& text);
 
+/// A label's caption as it is shown: a percentage stays on the line of its word.
+QString labelText(const Control& label);
+
 /// While the record is brought to the widget, what the widget reports is not the person's doing.
 bool isShowing();
 struct Showing {

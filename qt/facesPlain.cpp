@@ -3,6 +3,7 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QPainter>
+#include <QRegularExpression>
 #include <memory>
 
 #include "platform/fault.h"
@@ -11,7 +12,7 @@
 #include "qt/faces.h"
 #include "qt/geometry.h"
 #include "qt/look.h"
-#include "qt/tableFont.h"
+#include "qt/tableGrid.h"
 
 namespace faces {
 
@@ -27,25 +28,36 @@ int alignmentOf(const Control& control) {
     }
 }
 
-/// A label of two lines or more wraps at words, and its text begins at the top.
-bool isTall(const Control& control) {
-    return !control.look.fixedWidth &&
-           control.place.height > 2.1F * static_cast<float>(control.look.fontSize);
+QFont labelFont(const QLabel& label, const Control& control, const QString& text) {
+    if (control.look.table != 0) return tableGrid::fontOf(control);
+    const QFont font = look::font(control.look, geometry::scaleOf(control));
+    const int flags = geometry::wraps(control) ? Qt::TextWordWrap : 0;
+    return control.look.clips ? font : geometry::fitted(font, text, label.contentsRect().size(), flags);
+}
+
+/// What the label shows of a text in its font; of one that wraps, a word too wide for its line is cut.
+QString shownIn(QLabel& label, const Control& control, const QString& text) {
+    const int width = label.contentsRect().width();
+    if (!geometry::wraps(control)) return geometry::cut(label, text, width);
+    if (control.look.table == 0) return text;
+    QStringList words = text.split(' ');
+    for (QString& word : words) word = geometry::cut(label, word, width);
+    const QString shown = words.join(' ');
+    label.setToolTip(shown == text ? QString() : text);
+    return shown;
 }
 
 void setLabelText(QLabel& label, const Control& control) {
-    const QString text = toQt(control.caption);
-    QString shown = text;
-    if (control.look.fixedWidth) {
-        label.setFont(tableFont::of(control, label.width()));
-    } else {
-        const QFont font = look::font(control.look, geometry::scaleOf(control));
-        const int flags = isTall(control) ? Qt::TextWordWrap : 0;
-        label.setFont(control.look.clips ? font
-                                         : geometry::fitted(font, text, label.contentsRect().size(), flags));
-        if (!isTall(control)) shown = geometry::cut(label, text, label.contentsRect().width());
-    }
-    label.setText(shown);
+    const QString text = labelText(control);
+    label.setFont(labelFont(label, control, text));
+    const bool inCells = control.look.cells != Look::Cells::None;
+    label.setText(inCells ? text : shownIn(label, control, text));
+    label.update();
+}
+
+/// What wraps begins at the top, but for the table's cells, which stand beside others of fewer lines.
+int uprightOf(const Control& control) {
+    return geometry::wraps(control) && control.look.table == 0 ? Qt::AlignTop : Qt::AlignVCenter;
 }
 
 /// A label that answers a double click is reached and pressed by keyboard too.
@@ -90,15 +102,20 @@ QPixmap readPicture(const std::string& path) {
 
 }  // namespace
 
+QString labelText(const Control& label) {
+    static const QRegularExpression beforePercentage(" (?=\\d+%)");
+    return toQt(label.caption).replace(beforePercentage, QChar(QChar::Nbsp));
+}
+
 Face frame(Control& control, QWidget* parent) { return framed(control, parent); }
 
 Face label(Control& control, QWidget* parent) {
     if (control.look.framed) return framed(control, parent);
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(isTall(control));
-    const int upright = isTall(control) ? Qt::AlignTop : Qt::AlignVCenter;
-    label->setAlignment(Qt::Alignment(alignmentOf(control) | upright));
+    label->setWordWrap(geometry::wraps(control));
+    label->setAlignment(Qt::Alignment(alignmentOf(control) | uprightOf(control)));
+    if (control.look.cells != Look::Cells::None) tableGrid::hookCells(label, control);
     if (control.look.alarming) label->setProperty("role", "error");
     if (control.on.doubleClick) makePressable(*label, control);
     const auto restyle = [label, &control] { setLabelText(*label, control); };

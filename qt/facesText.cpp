@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QStyleOptionComboBox>
 #include <QTextCursor>
 #include <algorithm>
 #include <memory>
@@ -19,6 +20,7 @@
 #include "qt/geometry.h"
 #include "qt/look.h"
 #include "qt/tableFont.h"
+#include "qt/tableGrid.h"
 
 namespace faces {
 
@@ -153,11 +155,17 @@ void hookCursor(Edit* edit, Control& control) {
     edge::connect(edit, &Edit::cursorPositionChanged, take);
 }
 
-constexpr int areaMargin = 24;  // pixels of an area's frame and its own margins
+QFont areaFont(const Control& control) {
+    return control.look.table != 0 ? tableGrid::fontOf(control)
+                                   : look::font(control.look, geometry::scaleOf(control));
+}
 
-QFont areaFont(const Control& control, int width) {
-    if (control.look.fixedWidth) return tableFont::of(control, width - areaMargin);
-    return look::font(control.look, geometry::scaleOf(control));
+/// A table's rows share the height that there is, so that nothing is left to scroll to.
+void makeTable(QPlainTextEdit& area, const Control& control) {
+    area.setLineWrapMode(QPlainTextEdit::NoWrap);
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    tableGrid::hookCells(area.viewport(), control);
 }
 
 /// The style sheet leaves the drop-down bare; its arrow is drawn here, sharp at every scale.
@@ -170,6 +178,14 @@ void paintArrow(QWidget* area) {
     const double reach = area->height() / 7.0;
     painter.drawPolygon(QPolygonF({middle + QPointF(-reach, -reach / 2), middle + QPointF(reach, -reach / 2),
                                    middle + QPointF(0, reach * 0.8)}));
+}
+
+/// Where the text of a combo box stands; the arrow has what is right of it.
+QRect fieldOf(const QComboBox& box) {
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    option.editable = true;
+    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
 }
 
 QWidget* makeArrow(QComboBox* box) {
@@ -213,6 +229,11 @@ void showItems(QComboBox& box, const Control& control) {
     box.clear();
     for (const std::string& item : control.items) box.addItem(toQt(item));
     followText(box, control);
+    constexpr int margins = 6;  // pixels of the line within, its cursor included
+    const QFont font = tableFont::ofChoices(control, fieldOf(box).width() - margins);
+    box.setFont(font);
+    box.lineEdit()->setFont(font);
+    box.view()->setFont(font);
 }
 
 }  // namespace
@@ -240,11 +261,14 @@ Face textArea(Control& control, QWidget* parent) {
     area->setTabChangesFocus(true);
     if (control.readOnly)
         area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    if (control.look.fixedWidth) area->setLineWrapMode(QPlainTextEdit::NoWrap);
+    if (control.look.cells != Look::Cells::None) makeTable(*area, control);
     edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] { takeText(*area, control); });
     hookCursor(area, control);
     hookKeys(area, control);
-    const auto setFont = [area, &control] { area->setFont(areaFont(control, area->width())); };
+    const auto setFont = [area, &control] {
+        area->setFont(areaFont(control));
+        area->viewport()->update();
+    };
     return {area,
             [area, &control, setFont](Property property) {
                 if (property == Property::Text) setFont();
@@ -285,12 +309,9 @@ Face comboBox(Control& control, QWidget* parent) {
                 if (property == Property::Selection) showSpan(*edit, control);
             },
             [box, edit, arrow, &control] {
-                arrow->setGeometry(box->width() - box->height(), 0, box->height(), box->height());
+                const int field = fieldOf(*box).right();
+                arrow->setGeometry(field, 0, box->width() - field, box->height());
                 arrow->raise();
-                const QFont font = look::font(control.look, geometry::scaleOf(control));
-                box->setFont(font);
-                edit->setFont(font);
-                box->view()->setFont(font);
                 showItems(*box, control);
                 showText(*edit, control);
             },

@@ -44,12 +44,16 @@ QRect place(const Control& control) {
     return QRect(topLeft + origin, bottomRight + origin - QPoint(1, 1));
 }
 
-QFont fitted(QFont font, const QString& text, QSize room, int flags) {
+bool wraps(const Control& label) {
+    return label.place.height > 2.1F * static_cast<float>(label.look.fontSize);
+}
+
+QFont fitted(const QFont& wanted, const std::function<bool(const QFont&)>& fits) {
+    QFont font = wanted;
     const int designed = font.pixelSize();
     for (int size = designed; size >= look::leastPixels() && size >= designed * leastShare; --size) {
         font.setPixelSize(size);
-        const QRect bounds = QFontMetrics(font).boundingRect(QRect(0, 0, room.width(), 1 << 16), flags, text);
-        if (bounds.width() <= room.width() && bounds.height() <= room.height()) break;
+        if (fits(font)) break;
     }
     return font;
 }
@@ -60,6 +64,15 @@ QString cut(QWidget& widget, const QString& text, int width) {
     if (isCut || widget.property("cut").toBool()) widget.setToolTip(isCut ? text : QString());
     widget.setProperty("cut", isCut);
     return shown;
+}
+
+bool hasRoom(const QFont& font, const QString& text, QSize room, int flags) {
+    const QRect bounds = QFontMetrics(font).boundingRect(QRect(0, 0, room.width(), 1 << 16), flags, text);
+    return bounds.width() <= room.width() && bounds.height() <= room.height();
+}
+
+QFont fitted(const QFont& wanted, const QString& text, QSize room, int flags) {
+    return fitted(wanted, [&](const QFont& at) { return hasRoom(at, text, room, flags); });
 }
 
 QString brokenInTwo(const QString& text, const QFont& font, int width) {

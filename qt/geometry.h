@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QString>
 #include <QWidget>
+#include <functional>
 
 #include "forms/control.h"
 
@@ -25,8 +26,17 @@ void setOrigin(const Control& form, QPoint origin);
 /// The control's place in its container's widget, pixels.
 QRect place(const Control& control);
 
-/// The largest size up to that of `font` at which the text fits into `room`. Flags as for drawing texts.
-QFont fitted(QFont font, const QString& text, QSize room, int flags);
+/// A label of two lines or more wraps at words.
+bool wraps(const Control& label);
+
+/// The largest size up to that of the font at which it fits; the least that is read if it never does.
+QFont fitted(const QFont& wanted, const std::function<bool(const QFont&)>& fits);
+
+/// Whether the text in this font has room. Flags as for drawing texts.
+bool hasRoom(const QFont& font, const QString& text, QSize room, int flags);
+
+/// The largest size up to that of the font at which the text fits into `room`.
+QFont fitted(const QFont& wanted, const QString& text, QSize room, int flags);
 
 /// The text as far as it goes into `width` pixels in the widget's font. A text that is cut ends in an
 /// ellipsis, and the widget tells the whole as its tool tip.

@@ -90,7 +90,7 @@ QLineEdit, QPlainTextEdit, QListWidget, QComboBox { background: @field; color: @
     border-radius: #4px; padding: 0px #3px; selection-background-color: @accent; selection-color: @onAccent; }
 QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus, QComboBox:focus { border: #2px solid @accent; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; background: transparent; padding: 0px; }
-QComboBox::drop-down { border: none; width: #22px; }
+QComboBox::drop-down { border: none; width: #12px; }
 QComboBox QAbstractItemView { background: @field; color: @text; selection-background-color: @accent;
     selection-color: @onAccent; }
 QLineEdit:disabled, QComboBox:disabled, QListWidget:disabled { color: @disabledText; background: @card; }

@@ -16,6 +16,7 @@
 #include "qt/optionGroups.h"
 #include "qt/pageKeys.h"
 #include "qt/radioSpeech.h"
+#include "qt/tableGrid.h"
 
 namespace mirror {
 
@@ -56,8 +57,22 @@ void place(Control& control) {
     face.rescale();
 }
 
+/// What one text of a table needs can move the columns of the others, and change the size of all.
+void showTable(const Control& control) {
+    if (control.look.table == 0) return;
+    const bool resized = tableGrid::fit(control);
+    for (Control* member : tableGrid::membersOf(control)) {
+        const bool moves = member->look.cells != Look::Cells::None && member->page == control.page;
+        if (resized || moves) faceOf.at(member).rescale();
+    }
+}
+
 void layOut(Control& form) {
     const faces::Showing showing;
+    for (Control* control : allControls()) {
+        const bool stands = control->form == form.form && control->look.table != 0;
+        if (stands && tableGrid::membersOf(*control).front() == control) tableGrid::fit(*control);
+    }
     for (Control* control : allControls()) {
         if (control->form == form.form && faceOf.contains(control) && control != &form) place(*control);
     }
@@ -93,11 +108,7 @@ void show(Control& control, Property property) {
         default: face.show(property);
     }
     if (property == Property::Caption) face.widget->setAccessibleName(names::accessibleName(control));
-    if (&control == &frmTavix.txtSvD && property == Property::Text) {
-        // The tables of the tests page share one size of font.
-        faceOf.at(&frmTavix.lblBaseRates).rescale();
-        faceOf.at(&frmTavix.lblSvD).rescale();
-    }
+    if (property == Property::Caption || property == Property::Text) showTable(control);
 }
 
 /// The whole form as it stands, after its design.

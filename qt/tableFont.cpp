@@ -2,7 +2,6 @@
 
 #include <QSize>
 
-#include "forms/frmTavix.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
 #include "qt/look.h"
@@ -11,33 +10,27 @@ namespace tableFont {
 
 namespace {
 
-constexpr double headerShare = 18.0 / 15.0;
-
-bool isOnTestsPage(const Control& control) {
-    return &control == &frmTavix.lblBaseRates || &control == &frmTavix.lblSvD || &control == &frmTavix.txtSvD;
+QFont fitting(const Control& control, const std::string& lines, int width) {
+    const QFont font = look::font(control.look, geometry::scaleOf(control));
+    return geometry::fitted(font, faces::toQt(lines), QSize(width, 1 << 16), 0);
 }
 
-QString textOf(const Control& control) {
-    if (isOnTestsPage(control))
-        return faces::toQt(frmTavix.lblBaseRates.caption + "\n" + frmTavix.txtSvD.text);
-    if (control.kind == Kind::ListBox) {
-        std::string lines;
-        for (const std::string& item : control.items) lines += item + "\n";
-        return faces::toQt(lines);
-    }
-    return faces::toQt(control.kind == Kind::TextBox ? control.text : control.caption);
+std::string linesOf(const Control& control) {
+    std::string lines;
+    for (const std::string& item : control.items) lines += item + "\n";
+    return lines;
 }
 
 }  // namespace
 
-QFont of(const Control& control, int width) {
-    QFont font = look::font(control.look, geometry::scaleOf(control));
-    font = geometry::fitted(font, textOf(control), QSize(width, 1 << 16), 0);
-    if (&control == &frmTavix.lblSvD) {
-        font.setPixelSize(qRound(font.pixelSize() * headerShare));
-        font.setBold(true);
+QFont of(const Control& control, int width) { return fitting(control, linesOf(control), width); }
+
+QFont ofChoices(const Control& control, int width) {
+    std::string lines;
+    for (const Control* other : allControls()) {
+        if (other->form == control.form && other->name == control.name) lines += linesOf(*other);
     }
-    return font;
+    return fitting(control, lines, width);
 }
 
 }  // namespace tableFont

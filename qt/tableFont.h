@@ -1,4 +1,4 @@
-// Fonts of the fixed-width tables: as large as designed, and small enough for their longest line.
+// Fonts of lists: as large as designed, and small enough for their longest line.
 #pragma once
 
 #include <QFont>
@@ -7,9 +7,11 @@
 
 namespace tableFont {
 
-/// The font at which the control's text fits into `width` pixels. The tables of the tests page share one
-/// size, and their header steps by 15 characters where the rows step by 18: it is set larger by as much, so
-/// that the words stand over their columns.
+/// The font at which the control's lines fit into `width` pixels.
 QFont of(const Control& control, int width);
+
+/// The font at which the items of a combo box and of the others in its array fit into `width` pixels: their
+/// lists are parts of one, and one size serves all.
+QFont ofChoices(const Control& control, int width);
 
 }  // namespace tableFont
