@@ -33,11 +33,11 @@ struct Shown {
 std::map<const Control*, Shown> windows;
 const Control* mainForm = nullptr;
 
-constexpr double shareOfScreen = 0.94;   // what the main screen takes at first, window frame left aside
-constexpr double dialogShare = 0.9;      // what a dialog takes of the screen at most
-constexpr double twipsPerPixel = 15;     // at the base scale
+constexpr double shareOfScreen = 0.94;      // what the main screen takes at first, window frame left aside
+constexpr double dialogShare = 0.9;         // what a dialog takes of the screen at most
+constexpr double twipsPerPixel = 15;        // at the base scale
 constexpr double leastScale = 1.0 / 15.25;  // device pixels per twip: the smallest texts can just be read
-constexpr int frameHeight = 40;          // pixels of a title bar, about
+constexpr int frameHeight = 40;             // pixels of a title bar, about
 
 bool isMain(const Control& form) { return form.window == WindowKind::Main; }
 

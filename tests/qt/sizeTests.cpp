@@ -126,6 +126,7 @@ QImage pictureOf(const Control& control) {
 TEST(Tables, NumbersAndRatesStandUnderTheirHeadsAtEverySize) {
     desk::lay();
     desk::showWhole(frmTavix.form);
+    setValue(frmTavix.tabTavix, 1);
     QWidget& window = *mirror::widgetOf(frmTavix.form);
     for (int width = window.minimumWidth(); width <= 2000; width += 7) {
         window.resize(width, width * 3 / 4);
