@@ -40,6 +40,7 @@ constexpr Colours darkColours() {
 }
 
 Colours inUse = lightColours();
+double unitInUse = 0;  // of the sheet; 0 asks for another
 
 QString family(const char* wanted, QFontDatabase::SystemFont otherwise) {
     if (QFontDatabase::hasFamily(wanted)) return wanted;
@@ -168,9 +169,8 @@ const Colours& colours() { return inUse; }
 void setUnit(double unit) {
     // Steps of an eighth: a new sheet costs too much for every pixel of a resize.
     const double step = std::max(0.5, std::round(unit * 8) / 8);
-    static double current = 0;
-    if (step == current) return;
-    current = step;
+    if (step == unitInUse) return;
+    unitInUse = step;
     qApp->setStyleSheet(sheet(inUse, step));
 }
 
@@ -179,6 +179,7 @@ void apply(bool dark) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(paletteOf(inUse));
     QApplication::setFont(QFont(family("Inter", QFontDatabase::GeneralFont), 10));
+    unitInUse = 0;
     setUnit(1.0);
 }
 
