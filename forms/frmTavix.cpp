@@ -216,10 +216,10 @@ void designScore(FrmTavix& f) {
     // Tag, factors and result stand as in a sum on paper: the results under each other at the right.
     label(in, NAMED(f, tagPrevious), {90, 255, 1500, 210}, "Previous Score:").look = smallText;
     tagged(label(in, NAMED(f, lblPrevious), {1740, 255, 705, 210}), f.tagPrevious).look = smallRight;
-    label(in, NAMED(f, tagRemain), {90, 495, 855, 210}, "End Health:").look = smallText;
-    label(in, NAMED(f, lblEndHealth), {930, 495, 420, 210}).look = smallRight;
-    label(in, NAMED(f, lblHealthFactor), {1350, 495, 555, 210}).look = smallText;
-    tagged(label(in, NAMED(f, lblHealthScore), {1860, 495, 585, 210}), f.tagRemain).look = smallRight;
+    label(in, NAMED(f, tagRemain), {90, 495, 915, 210}, "End Health:").look = smallText;
+    label(in, NAMED(f, lblEndHealth), {1005, 495, 375, 210}).look = smallRight;
+    label(in, NAMED(f, lblHealthFactor), {1380, 495, 540, 210}).look = smallText;
+    tagged(label(in, NAMED(f, lblHealthScore), {1920, 495, 525, 210}), f.tagRemain).look = smallRight;
     label(in, NAMED(f, tagTestScore), {90, 735, 855, 210}, "Tests:").look = smallText;
     label(in, NAMED(f, lblTestCount), {930, 735, 375, 210}).look = smallRight;
     label(in, NAMED(f, lblTestFactor), {1350, 735, 465, 210}).look = smallText;
@@ -228,8 +228,8 @@ void designScore(FrmTavix& f) {
     label(in, NAMED(f, tagBeliefDiff), {90, 975, 1200, 210}, "Belief Diff:").look = smallText;
     tagged(label(in, NAMED(f, lblDiffScore), {1740, 975, 705, 210}), f.tagBeliefDiff).look = smallRight;
     label(in, NAMED(f, tagPenaltyScore), {90, 1215, 900, 210}, "Penalty").look = smallText;
-    label(in, NAMED(f, tagPenaltyCalc), {90, 1425, 1710, 210}).look = smallText;
-    label(in, NAMED(f, lblEqual), {1785, 1425, 255, 210}, " = -").look = smallText;
+    label(in, NAMED(f, tagPenaltyCalc), {90, 1425, 1665, 210}).look = smallText;
+    label(in, NAMED(f, lblEqual), {1755, 1425, 285, 210}, " = -").look = smallText;
     tagged(label(in, NAMED(f, lblPenaltyCalc), {1995, 1425, 450, 210}), f.tagPenaltyScore).look = smallRight;
     label(in, NAMED(f, tagScoreChange), {90, 1710, 1500, 210}, "Score Change:").look = smallBold;
     tagged(label(in, NAMED(f, lblScoreChange), {1740, 1710, 705, 210}), f.tagScoreChange).look =

@@ -22,6 +22,9 @@ struct Face {
     std::function<QWidget*(int page)> inside;
 };
 
+/// The widget that stands for a control on the screen.
+using WidgetOf = std::function<QWidget*(const Control&)>;
+
 namespace faces {
 
 Face frame(Control& control, QWidget* parent);

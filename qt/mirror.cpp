@@ -168,8 +168,8 @@ void build() {
         showAll(*form);
     }
     watchControls(onChange);
-    optionGroups::follow();
-    pageKeys::follow();
+    optionGroups::follow(widgetOf);
+    pageKeys::follow(widgetOf);
     modality::enforce();
     edge::connect(qApp, &QApplication::focusChanged, takeFocus);
 }

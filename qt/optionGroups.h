@@ -2,9 +2,11 @@
 // first that can be.
 #pragma once
 
+#include "qt/faces.h"
+
 namespace optionGroups {
 
 /// Keeps the stops of the Tab key in step with the records from now on.
-void follow();
+void follow(WidgetOf widgetOf);
 
 }  // namespace optionGroups

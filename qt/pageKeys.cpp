@@ -7,7 +7,6 @@
 #include "forms/person.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
-#include "qt/mirror.h"
 
 namespace pageKeys {
 
@@ -27,18 +26,17 @@ int stepsOf(const QKeyEvent& event) {
     }
 }
 
-Control* pagesIn(const QWidget& window) {
+Control* pagesIn(const QWidget& window, const WidgetOf& widgetOf) {
     for (Control* control : allControls()) {
-        if (control->kind == Kind::TabControl && mirror::widgetOf(*control)->window() == &window)
-            return control;
+        if (control->kind == Kind::TabControl && widgetOf(*control)->window() == &window) return control;
     }
     return nullptr;
 }
 
-bool turns(QObject* object, QEvent* event) {
+bool turns(QObject* object, QEvent* event, const WidgetOf& widgetOf) {
     if (event->type() != QEvent::KeyPress || !object->isWidgetType()) return false;
     const int steps = stepsOf(*static_cast<QKeyEvent*>(event));
-    Control* tabs = steps == 0 ? nullptr : pagesIn(*static_cast<QWidget*>(object)->window());
+    Control* tabs = steps == 0 ? nullptr : pagesIn(*static_cast<QWidget*>(object)->window(), widgetOf);
     if (tabs == nullptr) return false;
     const auto count = static_cast<int>(tabs->items.size());
     faces::act([&] { person::turnTo(*tabs, (tabs->value.toInt() + steps + count) % count); });
@@ -47,6 +45,10 @@ bool turns(QObject* object, QEvent* event) {
 
 }  // namespace
 
-void follow() { hookAllEvents(turns); }
+void follow(WidgetOf widgetOf) {
+    hookAllEvents([widgetOf = std::move(widgetOf)](QObject* object, QEvent* event) {
+        return turns(object, event, widgetOf);
+    });
+}
 
 }  // namespace pageKeys

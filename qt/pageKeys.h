@@ -2,9 +2,11 @@
 // Shift and Tab or PageUp to the one before, round about.
 #pragma once
 
+#include "qt/faces.h"
+
 namespace pageKeys {
 
 /// From now on, in every window with pages.
-void follow();
+void follow(WidgetOf widgetOf);
 
 }  // namespace pageKeys

@@ -3,9 +3,9 @@
 
 #include "platform/files.h"
 #include "store/layer/schema.h"
+#include "study/createStore.h"
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
-#include "study/createStore.h"
 
 namespace {
 

@@ -56,7 +56,8 @@ void recordInitialHypothesisState() {
 std::string recordEvent(const std::string& action, Int16 actionNum, const std::string& input, bool output) {
     TrialState& s = trialState;
     ++s.eventCount;
-    // Before the store is opened: while it is waited for, a dialog that a timer brings up can record an event.
+    // Before the store is opened: while it is waited for, a dialog that a timer brings up can record an
+    // event.
     const std::string eventId = trialStem() + numberText::padded(s.eventCount, 3);
     RecordSet events = openTable("dataEvents", false, "Recording event " + action);
     events.AddNew();

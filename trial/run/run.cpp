@@ -171,7 +171,8 @@ void endTrial(bool record) {
     windows::setFocus(frmTavix.cmdNextPatient);
     // An aborted patient is scored without beliefs.
     const bool scoresBeliefs = trialState.patients[trialState.currentPatient].status != endings::aborted;
-    if (scoresBeliefs && !rescaled) tell("Beliefs could not be rescaled and were scored as they stand", "Results");
+    if (scoresBeliefs && !rescaled)
+        tell("Beliefs could not be rescaled and were scored as they stand", "Results");
 }
 
 void abortForOptionsDuringTrial() {
