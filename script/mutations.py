@@ -137,12 +137,12 @@ m('H05', 'stage/virtualTime.cpp', 'if (!timer.on.timer || std::find(running.begi
 m('H07', 'headless/commands.cpp', '    if (!windows::boxInFront()) throw Refused{"the message box stands behind " + windows::topModal()->form};\n', '', 'a box behind a dialog cannot be answered')
 m('H09', 'stage/scriptedHost.cpp', '    host.checkPicture = pictures::check;\n', '    host.loadPicture = [](const std::string&) {};\n', 'pictures are checked without a screen too')
 # ---- tools
-m('L01', 'study/readTables.cpp', 'for (const char* yes : {"yes", "true", "1", "-1"}) {', 'for (const char* yes : {"yes", "1", "-1"}) {', 'true is a yes')
+m('L01', 'study/fieldValue.cpp', 'for (const char* yes : {"yes", "true", "1", "-1"}) {', 'for (const char* yes : {"yes", "1", "-1"}) {', 'true is a yes')
 m('L03', 'tools/createCommand.cpp', 'return problems.empty() ? 0 : 1;', 'return 0;', "tavixdb's status says that it failed")
 m('L05', 'study/createStore.cpp', 'fs::weakly_canonical(fs::absolute(file, failed), failed);', 'fs::absolute(file, failed);', 'a link stays a link')
 m('L07', 'study/readTables.cpp', '        if (line.find(\'\\0\') != std::string_view::npos)\n            return sheet.complain(number, "holds a zero byte; save the file as UTF-8 text");\n', '', 'a file with zero bytes is refused')
 m('L09', 'study/readTables.cpp', 'fileIsUtf8.value_or(isUtf8) != isUtf8', 'fileIsUtf8.value_or(false) && !isUtf8', 'a mixture of encodings is refused')
-m('L11', 'study/readTables.cpp', 'for (const char* no : {"no", "false", "0"}) {', 'for (const char* no : {"no", "false"}) {', '0 is a no')
+m('L11', 'study/fieldValue.cpp', 'for (const char* no : {"no", "false", "0"}) {', 'for (const char* no : {"no", "false"}) {', '0 is a no')
 m('L13', 'study/createStore.cpp', 'if (!force) return refused(', 'if (force && !force) return refused(', 'nothing is replaced unasked')
 
 NEEDS = {  # programs that a test runs

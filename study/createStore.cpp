@@ -8,9 +8,9 @@
 #include "platform/files.h"
 #include "platform/onLeave.h"
 #include "store/layer/database.h"
-#include "store/layer/dialect.h"
 #include "store/layer/engine.h"
 #include "study/readTables.h"
+#include "study/storeTable.h"
 
 namespace createStore {
 
@@ -21,30 +21,13 @@ namespace {
 /// What the engine keeps beside a store while it works on it, and what a killed program leaves.
 constexpr std::array companions{"-journal", "-wal", "-shm"};
 
-std::string createStatement(const schema::Table& table, int diseases) {
-    std::string columns;
-    for (const schema::NamedColumn& column : schema::columnsOf(table, diseases)) {
-        columns += fmt::format("{}{} {}", columns.empty() ? "" : ", ", dialect::quoted(column.name),
-                               schema::declaration(column.type));
-    }
-    return fmt::format("CREATE TABLE {} ({})", dialect::quoted(std::string(table.name)), columns);
-}
-
-void insertRows(engine::Connection& database, const schema::Table& table,
-                const readTables::Content& content) {
-    std::vector<std::string> names;
-    for (const schema::NamedColumn& column : content.columns) names.push_back(column.name);
-    const std::string statement = dialect::insertion(std::string(table.name), names);
-    for (const auto& row : content.rows) engine::execute(database, statement, row);
-}
-
 void writeStore(const readTables::Tables& tables, const std::string& file) {
     const engine::Database database = engine::create(file, store::password);
     engine::execute(*database, "BEGIN");
     for (const schema::Table& table : schema::tables()) {
-        engine::execute(*database, createStatement(table, tables.mostDiseases));
+        storeTable::make(*database, table, tables.mostDiseases);
         const auto content = tables.contents.find(table.name);
-        if (content != tables.contents.end()) insertRows(*database, table, content->second);
+        if (content != tables.contents.end()) storeTable::fill(*database, table, content->second);
     }
     engine::execute(*database, "COMMIT");
 }

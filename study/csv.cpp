@@ -11,6 +11,7 @@ namespace {
 
 struct Parser {
     const std::string& bytes;
+    char separator = ',';
     std::size_t at = 0;
     int line = 1;
 
@@ -46,7 +47,7 @@ struct Parser {
         }
         countLines(first);
         at = behindBlanks();
-        if (!atLineEnd() && bytes[at] != ',') throw Problem{line, "text behind a closing double quote"};
+        if (!atLineEnd() && bytes[at] != separator) throw Problem{line, "text behind a closing double quote"};
         return result;
     }
 
@@ -56,23 +57,44 @@ struct Parser {
             at = start;
             return {quotedText(), true};
         }
-        const std::size_t end = std::min(bytes.find_first_of(",\r\n", at), bytes.size());
+        const char ends[] = {separator, '\r', '\n', '\0'};
+        const std::size_t end = std::min(bytes.find_first_of(ends, at), bytes.size());
         const std::string unquoted = text::trim(bytes.substr(at, end - at));
         at = end;
         return {unquoted, false};
     }
 };
 
+/// Spreadsheets of many countries part fields by semicolons. The first sign outside quotes that can part the
+/// names of columns, which hold neither, decides for the whole file.
+char separatorOf(const std::string& bytes) {
+    bool quoted = false;
+    bool named = false;
+    for (const char c : bytes) {
+        if (c == '"') quoted = !quoted;
+        if (quoted) continue;
+        if (c == ',' || c == ';') return c;
+        if ((c == '\n' || c == '\r') && named) break;
+        named = named || (c != '\n' && c != '\r');
+    }
+    return ',';
+}
+
+bool needsQuotes(const std::string& text) {
+    return text.empty() || text.front() == ' ' || text.back() == ' ' ||
+           text.find_first_of(",;\"\r\n") != std::string::npos;
+}
+
 }  // namespace
 
-bool Line::isNothingButCommas() const { return std::ranges::all_of(fields, &Field::isNothing); }
+bool Line::isNothing() const { return std::ranges::all_of(fields, &Field::isNothing); }
 
 std::vector<Line> parse(const std::string& bytes) {
     std::vector<Line> lines;
-    Parser parser{bytes};
+    Parser parser{bytes, separatorOf(bytes)};
     while (parser.more()) {
         Line line{parser.line, {parser.field()}};
-        while (parser.more() && bytes[parser.at] == ',') {
+        while (parser.more() && bytes[parser.at] == parser.separator) {
             ++parser.at;
             line.fields.push_back(parser.field());
         }
@@ -81,6 +103,13 @@ std::vector<Line> parse(const std::string& bytes) {
         if (!empty) lines.push_back(std::move(line));
     }
     return lines;
+}
+
+std::string written(const std::string& text) {
+    if (!needsQuotes(text)) return text;
+    std::string result = "\"";
+    for (const char c : text) result += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return result + '"';
 }
 
 }  // namespace csv

@@ -1,4 +1,4 @@
-// Comma-separated tables as the experimenter writes them.
+// Comma-separated tables as the experimenter and spreadsheets write them, and as we write them.
 #pragma once
 
 #include <exception>
@@ -12,7 +12,7 @@ struct Field {
     std::string text;
     bool quoted;  ///< then the text is as it stands; otherwise the blanks around it are gone
 
-    /// Nothing stands between the commas.
+    /// Nothing stands between the separators.
     [[nodiscard]] bool isNothing() const { return text.empty() && !quoted; }
 };
 
@@ -20,7 +20,7 @@ struct Line {
     int number;  ///< of the line in the file on which it begins, from 1
     std::vector<Field> fields;
 
-    [[nodiscard]] bool isNothingButCommas() const;
+    [[nodiscard]] bool isNothing() const;
 };
 
 struct Problem : std::exception {
@@ -31,9 +31,13 @@ struct Problem : std::exception {
     [[nodiscard]] const char* what() const noexcept override { return text.c_str(); }
 };
 
-/// The lines of a file: fields parted by commas, double quotes around a field that holds commas, quotes
-/// (doubled), line breaks or blanks at its ends. Empty lines are left out. Throws Problem for a quote that is
-/// not closed, or one with something behind it.
+/// The lines of a file: fields parted by commas, or by semicolons if the first line parts its fields so;
+/// double quotes around a field that holds the separator, quotes (doubled), line breaks or blanks at its
+/// ends. Empty lines are left out. Throws Problem for a quote that is not closed, or one with something
+/// behind it.
 std::vector<Line> parse(const std::string& bytes);
+
+/// A text as a field that `parse` gives back to the byte, an empty one too.
+std::string written(const std::string& text);
 
 }  // namespace csv

@@ -4,17 +4,17 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
-#include <cmath>
 #include <cstdint>
 #include <filesystem>
-#include <limits>
+#include <map>
 #include <optional>
+#include <span>
 
 #include "platform/files.h"
-#include "platform/numberText.h"
 #include "platform/text.h"
 #include "study/csv.h"
+#include "study/fieldValue.h"
+#include "study/readStore.h"
 
 namespace readTables {
 
@@ -29,105 +29,34 @@ struct Sheet {
     Tables& tables;
     std::string file;
     const schema::Table& table;
-    Content content = {};
+    storeTable::Content content = {};
+    std::size_t unnamed = 0;  ///< columns at the end of the first line that have no name
 
     void complain(int line, const std::string& reason) const {
         tables.problems.push_back(fmt::format("{}, line {}: {}", file, line, reason));
     }
 };
 
-std::string wholeNumberProblem(double value, double least, double most, int bits) {
-    if (value != std::floor(value)) return "is no whole number";
-    if (value < least || value > most) return fmt::format("does not fit {} bits", bits);
-    return {};
-}
-
-template <class T>
-std::string rangeProblem(double value) {
-    return wholeNumberProblem(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(),
-                              sizeof(T) * 8);
-}
-
-/// yyyy-mm-dd, and a day of the calendar.
-bool isDate(const std::string& text) {
-    constexpr std::string_view form = "dddd-dd-dd";
-    if (text.size() != form.size()) return false;
-    for (std::size_t i = 0; i < form.size(); ++i) {
-        const bool digit = text[i] >= '0' && text[i] <= '9';
-        if (form[i] == 'd' ? !digit : text[i] != form[i]) return false;
-    }
-    const auto number = [&](std::size_t at, std::size_t size) { return std::stoi(text.substr(at, size)); };
-    return std::chrono::year_month_day(std::chrono::year(number(0, 4)),
-                                       std::chrono::month(static_cast<unsigned>(number(5, 2))),
-                                       std::chrono::day(static_cast<unsigned>(number(8, 2))))
-        .ok();
-}
-
-/// Yes or no in the ways people write them: -1 or 0.
-std::string truthProblem(const std::string& text, engine::Value& value) {
-    const std::string word = text::folded(text);
-    for (const char* yes : {"yes", "true", "1", "-1"}) {
-        if (word == yes) value = std::int64_t{-1};
-    }
-    for (const char* no : {"no", "false", "0"}) {
-        if (word == no) value = std::int64_t{0};
-    }
-    return std::holds_alternative<std::monostate>(value) ? "is neither yes nor no" : "";
-}
-
-std::string numberProblem(const std::string& text, schema::ColumnType type, engine::Value& value) {
-    if (!numberText::isNumeric(text)) return "is no number";
-    const double number = numberText::toNumber(text);
-    if (!std::isfinite(number)) return "is too large";
-    if (type == schema::ColumnType::Float) {
-        value = number;
-        return {};
-    }
-    const std::string problem = type == schema::ColumnType::Short ? rangeProblem<std::int16_t>(number)
-                                                                  : rangeProblem<std::int32_t>(number);
-    if (problem.empty()) value = static_cast<std::int64_t>(number);
-    return problem;
-}
-
-/// Turns a field into the column's value; says why it cannot be one. Nothing is an empty value, two quotes
-/// are an empty text.
-std::string convert(const csv::Field& field, schema::ColumnType type, engine::Value& value) {
-    using enum schema::ColumnType;
-    value = {};
-    if (field.isNothing()) return {};
-    switch (type) {
-        case Short:
-        case Long:
-        case Float:
-        case NumberFlag: return numberProblem(field.text, type, value);
-        case YesNo: return truthProblem(field.text, value);
-        case Date: value = field.text; return isDate(field.text) ? "" : "is no date (yyyy-mm-dd)";
-        case NumberOrText:
-        case Text: break;
-    }
-    value = field.text;
-    return {};
-}
-
-/// The schema's column of that name; the name as the schema writes it.
-bool findColumn(const schema::Table& table, const std::string& name, schema::NamedColumn& found) {
-    const int number = schema::seriesNumber(table, name);
-    for (const schema::NamedColumn& column : schema::columnsOf(table, number)) {
-        if (text::folded(column.name) != text::folded(name)) continue;
-        found = column;
-        return true;
-    }
-    return false;
-}
-
 bool ofDiseases(const schema::Table& table) { return !table.series.empty() && !table.series.front().fixed; }
 
-bool has(const Content& content, const std::string& name) {
-    return std::ranges::find(content.columns, name, &schema::NamedColumn::name) != content.columns.end();
+bool has(const storeTable::Content& content, const std::string& name) {
+    return storeTable::columnOf(content, name) >= 0;
+}
+
+/// Spreadsheets leave columns without a name at the right of a table.
+std::size_t withoutUnnamed(Sheet& sheet, const csv::Line& line) {
+    std::size_t named = line.fields.size();
+    while (named > 0 && line.fields[named - 1].text.empty()) --named;
+    sheet.unnamed = line.fields.size() - named;
+    if (named > 0 && sheet.unnamed > 0)
+        sheet.tables.notes.push_back(fmt::format("{}, line {}: columns without a name are skipped ({})",
+                                                 sheet.file, line.number, sheet.unnamed));
+    if (named == 0) sheet.complain(line.number, "the first line must name the columns");
+    return named;
 }
 
 void readHeader(Sheet& sheet, const csv::Line& line) {
-    for (const csv::Field& field : line.fields) {
+    for (const csv::Field& field : std::span(line.fields).first(withoutUnnamed(sheet, line))) {
         const std::string name = text::trim(field.text);
         const int number = schema::seriesNumber(sheet.table, name);
         if (number > mostDiseaseColumns) {
@@ -135,8 +64,10 @@ void readHeader(Sheet& sheet, const csv::Line& line) {
                                                     mostDiseaseColumns));
             continue;
         }
-        schema::NamedColumn column{name, schema::ColumnType::Text};
-        if (!findColumn(sheet.table, name, column)) {
+        const std::optional<schema::NamedColumn> known = schema::findColumn(sheet.table, name);
+        const schema::NamedColumn column =
+            known.value_or(schema::NamedColumn{name, schema::ColumnType::Text});
+        if (!known) {
             sheet.complain(line.number, fmt::format("{} has no column \"{}\"", sheet.table.name, name));
         } else if (has(sheet.content, column.name)) {
             sheet.complain(line.number, fmt::format("column {} stands twice", column.name));
@@ -146,34 +77,42 @@ void readHeader(Sheet& sheet, const csv::Line& line) {
     }
 }
 
-void noteScenario(Content& content) {
-    std::string name;
-    int count = 0;
-    for (std::size_t i = 0; i < content.columns.size(); ++i) {
-        const engine::Value& value = content.rows.back()[i];
-        const auto* text = std::get_if<std::string>(&value);
-        if (content.columns[i].name == "Setting" && text != nullptr) name = text::folded(*text);
-        const auto* number = std::get_if<std::int64_t>(&value);
-        if (content.columns[i].name == "Count" && number != nullptr) count = static_cast<int>(*number);
+/// The scenarios of the rows, each with its largest `Count`; 0 in a table without that column.
+std::map<std::string, int> countsOf(const storeTable::Content& content) {
+    std::map<std::string, int> counts;
+    const int setting = storeTable::columnOf(content, "Setting");
+    const int number = storeTable::columnOf(content, "Count");
+    for (const std::vector<engine::Value>& row : content.rows) {
+        const auto at = [&](int column) {
+            return column < 0 ? engine::Value() : row[static_cast<std::size_t>(column)];
+        };
+        int& most = counts[text::folded(readStore::textOf(at(setting)))];
+        const engine::Value value = at(number);
+        if (const auto* count = std::get_if<std::int64_t>(&value))
+            most = std::max(most, static_cast<int>(*count));
     }
-    int& most = content.scenarios[name];
-    most = std::max(most, count);
+    return counts;
 }
 
 void readRow(Sheet& sheet, const csv::Line& line) {
     const std::vector<schema::NamedColumn>& columns = sheet.content.columns;
-    if (line.fields.size() != columns.size()) {
+    if (line.fields.size() > columns.size() && line.fields.size() <= columns.size() + sheet.unnamed) {
+        for (const csv::Field& field : std::span(line.fields).subspan(columns.size())) {
+            if (!field.text.empty())
+                sheet.complain(line.number,
+                               fmt::format("\"{}\" stands in a column without a name", field.text));
+        }
+    } else if (line.fields.size() != columns.size()) {
         return sheet.complain(line.number, fmt::format("{} fields where the first line names {} columns",
                                                        line.fields.size(), columns.size()));
     }
     std::vector<engine::Value>& row = sheet.content.rows.emplace_back();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const std::string& text = line.fields[i].text;
-        const std::string problem = convert(line.fields[i], columns[i].type, row.emplace_back());
+        const std::string problem = fieldValue::read(line.fields[i], columns[i].type, row.emplace_back());
         if (!problem.empty())
             sheet.complain(line.number, fmt::format("column {}: \"{}\" {}", columns[i].name, text, problem));
     }
-    noteScenario(sheet.content);
 }
 
 /// A file is UTF-8 or, as old programs write it, Windows-1252 as a whole: its first line with more than plain
@@ -199,20 +138,20 @@ void checkEncoding(const Sheet& sheet, std::string_view bytes) {
     }
 }
 
-/// Spreadsheets leave rows of nothing but commas below a table.
+/// Spreadsheets leave rows of nothing but separators below a table.
 void readRows(Sheet& sheet, std::span<const csv::Line> lines) {
     int skipped = 0;
     int first = 0;
     for (const csv::Line& line : lines) {
-        if (!line.isNothingButCommas()) {
+        if (!line.isNothing()) {
             readRow(sheet, line);
         } else if (skipped++ == 0) {
             first = line.number;
         }
     }
     if (skipped > 0)
-        sheet.tables.notes.push_back(fmt::format("{}, line {}: rows of nothing but commas are skipped ({})",
-                                                 sheet.file, first, skipped));
+        sheet.tables.notes.push_back(
+            fmt::format("{}, line {}: rows without a value are skipped ({})", sheet.file, first, skipped));
 }
 
 void readTable(Tables& tables, const fs::path& path) {
@@ -221,6 +160,11 @@ void readTable(Tables& tables, const fs::path& path) {
     if (table == nullptr) {
         tables.problems.push_back(
             fmt::format("{}, line 1: there is no table \"{}\"", file, path.stem().string()));
+        return;
+    }
+    if (tables.contents.contains(table->name)) {
+        tables.problems.push_back(
+            fmt::format("{}, line 1: another file of the folder is {} too", file, table->name));
         return;
     }
     errno = 0;
@@ -249,14 +193,16 @@ int columnsInUse(const Tables& tables, const std::string_view table) {
     const auto counts = tables.contents.find(table == "tblTreatments" ? "tblDiseaseSymptom" : table);
     int used = 1;
     if (counts == tables.contents.end()) return used;
-    for (const auto& [scenario, own] : tables.contents.at(table).scenarios) {
-        const auto count = counts->second.scenarios.find(scenario);
-        if (count != counts->second.scenarios.end()) used = std::max(used, count->second);
+    const std::map<std::string, int> known = countsOf(counts->second);
+    for (const auto& [scenario, own] : countsOf(tables.contents.at(table))) {
+        const auto count = known.find(scenario);
+        if (count != known.end()) used = std::max(used, count->second);
     }
     return used;
 }
 
-/// The program reads every column of the tables of a study. A table without a file is told elsewhere.
+}  // namespace
+
 void checkColumns(Tables& tables) {
     for (const schema::Table& table : schema::tables()) {
         const auto content = tables.contents.find(table.name);
@@ -270,9 +216,7 @@ void checkColumns(Tables& tables) {
     }
 }
 
-}  // namespace
-
-Tables read(const std::string& folder) {
+Tables readFiles(const std::string& folder) {
     Tables tables;
     std::error_code failed;
     std::vector<fs::path> paths;
@@ -285,6 +229,11 @@ Tables read(const std::string& folder) {
     }
     std::ranges::sort(paths);
     for (const fs::path& path : paths) readTable(tables, path);
+    return tables;
+}
+
+Tables read(const std::string& folder) {
+    Tables tables = readFiles(folder);
     checkColumns(tables);
     if (!tables.problems.empty()) return tables;
     for (const schema::Table& table : schema::tables()) {

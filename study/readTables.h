@@ -7,27 +7,25 @@
 #include <string_view>
 #include <vector>
 
-#include "store/layer/engine.h"
-#include "store/layer/schema.h"
+#include "study/storeTable.h"
 
 namespace readTables {
 
-/// A table's rows as they will go in.
-struct Content {
-    std::vector<schema::NamedColumn> columns;
-    std::vector<std::vector<engine::Value>> rows;
-    /// The scenarios of the rows, each with its largest `Count`; 0 in a table without that column.
-    std::map<std::string, int> scenarios = {};
-};
-
 struct Tables {
-    std::vector<std::string> problems;                  ///< what cannot go in, with file, line and column
-    std::vector<std::string> notes;                     ///< what is left out and needs no mending
-    std::map<std::string_view, Content> contents = {};  ///< by the table's name in the schema
-    int mostDiseases = 0;                               ///< the largest number of a column of diseases
+    std::vector<std::string> problems;  ///< what cannot go in, with file, line and column
+    std::vector<std::string> notes;     ///< what is left out and needs no mending
+    /// By the table's name in the schema.
+    std::map<std::string_view, storeTable::Content> contents = {};
+    int mostDiseases = 0;  ///< the largest number of a column of diseases
 };
 
-/// Every CSV file of the folder.
+/// The CSV files of the folder, each judged by itself.
+Tables readFiles(const std::string& folder);
+
+/// Complains about each column that the program would read and that a configuration table lacks.
+void checkColumns(Tables& tables);
+
+/// The tables of a whole study: all files are there, and they fit together.
 Tables read(const std::string& folder);
 
 }  // namespace readTables

@@ -132,7 +132,7 @@ TEST_F(Tools, AnswerOnTheCommandLine) {
 
     writeFile(tables + "/dataEvents.csv", "Trial,Time\n,,,\n1,2\n , \n");
     EXPECT_EQ(tavixdb("create --force tables a.mdb"),
-              "|0|note: dataEvents.csv, line 2: rows of nothing but commas are skipped (2)\n");
+              "|0|note: dataEvents.csv, line 2: rows without a value are skipped (2)\n");
     writeFile(tables + "/dataEvents.csv",
               "Trial\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\n");
     EXPECT_TRUE(tavixdb("create --force tables a.mdb")

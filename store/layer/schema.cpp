@@ -243,6 +243,13 @@ std::vector<NamedColumn> columnsOf(const Table& table, int count) {
     return columns;
 }
 
+std::optional<NamedColumn> findColumn(const Table& table, std::string_view name) {
+    for (NamedColumn& column : columnsOf(table, seriesNumber(table, name))) {
+        if (text::folded(column.name) == text::folded(name)) return std::move(column);
+    }
+    return {};
+}
+
 int seriesNumber(const Table& table, std::string_view name) {
     for (const Series& series : table.series) {
         if (!text::folded(name).starts_with(text::folded(series.prefix)) || !name.ends_with(series.suffix))

@@ -62,6 +62,9 @@ struct NamedColumn {
 /// All columns of a table whose series run to `count`, in the order in which a new store has them.
 std::vector<NamedColumn> columnsOf(const Table& table, int count);
 
+/// The column of that name, case aside, as the schema writes it, or none.
+std::optional<NamedColumn> findColumn(const Table& table, std::string_view name);
+
 /// Number of the series column that `name` is ("D3+" gives 3), 0 if it is none.
 int seriesNumber(const Table& table, std::string_view name);
 

@@ -1,0 +1,64 @@
+#include "study/storeTable.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "store/layer/dialect.h"
+#include "study/readStore.h"
+
+namespace storeTable {
+
+void make(engine::Connection& database, const schema::Table& table, int diseases) {
+    std::string columns;
+    for (const schema::NamedColumn& column : schema::columnsOf(table, diseases)) {
+        columns += fmt::format("{}{} {}", columns.empty() ? "" : ", ", dialect::quoted(column.name),
+                               schema::declaration(column.type));
+    }
+    engine::execute(database,
+                    fmt::format("CREATE TABLE {} ({})", dialect::quoted(std::string(table.name)), columns));
+}
+
+void fill(engine::Connection& database, const schema::Table& table, const Content& content) {
+    std::vector<std::string> names;
+    for (const schema::NamedColumn& column : content.columns) names.push_back(column.name);
+    const std::string statement = dialect::insertion(std::string(table.name), names);
+    for (const auto& row : content.rows) engine::execute(database, statement, row);
+}
+
+bool exists(engine::Connection& database, const std::string& name) {
+    const std::array<engine::Value, 1> wanted{name};
+    return !engine::query(database,
+                          "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE",
+                          wanted)
+                .rows.empty();
+}
+
+Content read(engine::Connection& database, const schema::Table& table, const std::string& name,
+             std::vector<std::string>& others) {
+    engine::Rows all = readStore::table(database, name);
+    Content content;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < all.columns.size(); ++i) {
+        if (const std::optional<schema::NamedColumn> column = schema::findColumn(table, all.columns[i])) {
+            content.columns.push_back(*column);
+            places.push_back(i);
+        } else {
+            others.push_back(all.columns[i]);
+        }
+    }
+    for (std::vector<engine::Value>& row : all.rows) {
+        std::vector<engine::Value>& copy = content.rows.emplace_back();
+        for (const std::size_t place : places) copy.push_back(std::move(row[place]));
+    }
+    return content;
+}
+
+int columnOf(const Content& content, const std::string& name) {
+    const auto found = std::ranges::find(content.columns, name, &schema::NamedColumn::name);
+    return found == content.columns.end() ? -1 : static_cast<int>(found - content.columns.begin());
+}
+
+}  // namespace storeTable
