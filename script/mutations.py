@@ -138,7 +138,7 @@ m('H07', 'headless/commands.cpp', '    if (!windows::boxInFront()) throw Refused
 m('H09', 'stage/scriptedHost.cpp', '    host.checkPicture = pictures::check;\n', '    host.loadPicture = [](const std::string&) {};\n', 'pictures are checked without a screen too')
 # ---- tools
 m('L01', 'study/fieldValue.cpp', 'for (const char* yes : {"yes", "true", "1", "-1"}) {', 'for (const char* yes : {"yes", "1", "-1"}) {', 'true is a yes')
-m('L03', 'tools/createCommand.cpp', 'return problems.empty() ? 0 : 1;', 'return 0;', "tavixdb's status says that it failed")
+m('L03', 'tools/told.cpp', 'return problems.empty() ? 0 : 1;', 'return 0;', "tavixdb's status says that it failed")
 m('L05', 'study/createStore.cpp', 'fs::weakly_canonical(fs::absolute(file, failed), failed);', 'fs::absolute(file, failed);', 'a link stays a link')
 m('L07', 'study/readTables.cpp', '        if (line.find(\'\\0\') != std::string_view::npos)\n            return sheet.complain(number, "holds a zero byte; save the file as UTF-8 text");\n', '', 'a file with zero bytes is refused')
 m('L09', 'study/readTables.cpp', 'fileIsUtf8.value_or(isUtf8) != isUtf8', 'fileIsUtf8.value_or(false) && !isUtf8', 'a mixture of encodings is refused')

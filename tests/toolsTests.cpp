@@ -98,6 +98,10 @@ TEST_F(Tools, KeepTextsToTheByteAndNumbersToTheBit) {
     EXPECT_EQ(study.rows("SELECT quote(Time), Trial, ActionNum FROM dataEvents LIMIT 4"),
               "'Fi\xC3\xA8vre'|-32768|32767/'b'|-|5/'c'|100|1/'d'|0|-");
     EXPECT_EQ(study.rows("SELECT quote(Output) FROM dataEvents"), "-1/-1/-1/-1/0/0/0/NULL");
+    // As spreadsheets of other countries part them, with what spreadsheets leave at the right.
+    EXPECT_EQ(made("dataEvents", "Time;\"Trial\";;\r\n\"a;b\";1;;\r\nc,d;;\r\ne;2\r\n"), "");
+    EXPECT_EQ(study.rows("SELECT Time, Trial FROM dataEvents"), "a;b|1/c,d|-/e|2");
+    EXPECT_EQ(made("dataEvents", "Time;;\na;;x\n"), "2: \"x\" stands in a column without a name");
     EXPECT_EQ(made("dataTrial", "Score,Penalty,Date\n-2147483648,-1.25e1,2026-01-05\n2147483647,,\n"), "");
     EXPECT_EQ(study.rows("SELECT Score, Penalty, Date FROM dataTrial"),
               "-2147483648|-12.5|2026-01-05/2147483647|-|-");
@@ -108,6 +112,81 @@ TEST_F(Tools, MakeEveryTableWithAsManyDiseasesAsTheFilesNameAndFourAtLeast) {
     EXPECT_EQ(made("tblTreatments", "Setting,Type,D1+,D2+,D3+,D4+,D1-,D2-,D3-,D4-,d6+\n"), "");
     EXPECT_EQ(study.rows("SELECT count(*), sum(sql LIKE '%D6%'), sum(sql LIKE '%H6]%') FROM sqlite_master"),
               "16|3|1");
+}
+
+TEST_F(Tools, WriteTablesThatMakeTheSameStoreAgain) {
+    layTables();
+    EXPECT_EQ(tavixdb("create tables data/TavixData.mdb"), "|0|");
+    study.change("UPDATE tblVocabulary SET Term = ' \"a\";,\r\n\r\xC3\xA9 ' WHERE rowid = 1");
+    study.change("UPDATE tblVocabulary SET Term = CASE rowid WHEN 2 THEN '' END WHERE rowid IN (2, 3)");
+    study.change("UPDATE tblAppDefault SET HealAward = '007', TestCost = ' 0.1', Normalize = NULL");
+    study.change("ALTER TABLE tblBaseRates ADD D5 INTEGER");
+    study.change("UPDATE tblBaseRates SET D5 = -32768");
+    const auto all = [&] {
+        std::string rows;
+        for (const char* table : {"tblAppDefault", "tblBaseRates", "tblPatients"})
+            rows += study.rows(std::string("SELECT * FROM ") + table) + "\n";
+        return rows + study.rows("SELECT quote(Term) FROM tblVocabulary");
+    };
+    EXPECT_EQ(tavixdb("tables data/TavixData.mdb out"), "|0|");
+    const std::string before = all();
+    EXPECT_EQ(tavixdb("create --force out data/TavixData.mdb"), "|0|");
+    EXPECT_EQ(all(), before);
+    // What is there stays, and what a file cannot give back is told.
+    study.change("UPDATE tblPatients SET Age = 'old' WHERE rowid = 2");
+    EXPECT_TRUE(tavixdb("tables data/TavixData.mdb out").starts_with("|1|out/tblAppDefault.csv exists"));
+    EXPECT_EQ(tavixdb("tables --force data/TavixData.mdb out"),
+              "|0|note: tblPatients, row 2, column Age: \"old\" is no number\n");
+    EXPECT_EQ(outputOf("ls -A " + study.folder + "/out | wc -l"), "7\n");
+}
+
+TEST_F(Tools, ReplaceTablesUnderResultsAndKeepTheOldOnes) {
+    layTables();
+    EXPECT_EQ(tavixdb("create tables data/TavixData.mdb"), "|0|");
+    study.change(
+        "INSERT INTO SubjectSettings VALUES ('kim', 'plain', 'a', 'Aavo,Brill,Corvex'),"
+        " ('lee', 'Gone', 'a', 'Aavo')");
+    const std::string started = "('kim', date('now', 'localtime'), time('now', 'localtime'), 3)";
+    study.change("INSERT INTO dataTrial (Subject, Date, StartTime, Trial) VALUES " + started);
+    fs::remove_all(tables);
+    fs::create_directory(tables);
+    writeFile(tables + "/tblTests.csv", "SETTING,Length\nstd,5\n");
+    writeFile(tables + "/tblPatients.csv", files::read(TAVIX_TESTS "/tables/tblPatients.csv"));
+    const std::string refused = tavixdb("update data/TavixData.mdb tables");
+    EXPECT_TRUE(refused.starts_with("|1|kim: last row of ")) << refused;
+    EXPECT_NE(refused.find(", trial 3 stands open\n"), std::string::npos) << refused;
+    study.change(
+        "UPDATE dataTrial SET StartTime = time('now', 'localtime', '-31 minutes'),"
+        " Date = date('now', 'localtime', '-31 minutes')");
+
+    const std::string before = study.rows("SELECT * FROM tblTests");
+    const std::string done =
+        "tblPatients: the same already\n"
+        "tblTests: replaced (1 rows); the old one is kept as kept0001_tblTests\n";
+    EXPECT_TRUE(tavixdb("update --dry-run data/TavixData.mdb tables").starts_with(done));
+    EXPECT_EQ(study.rows("SELECT * FROM tblTests"), before);
+    EXPECT_EQ(tavixdb("update data/TavixData.mdb tables"),
+              done +
+                  "|0|stored words do not fit: kim in \"plain\": 1 symptom words where the scenario takes 3\n"
+                  "stored words do not fit: lee in \"Gone\": there is no such scenario now\n");
+    EXPECT_EQ(study.rows("SELECT * FROM tblTests"), "std|5");
+    EXPECT_EQ(study.rows("SELECT * FROM kept0001_tblTests"), before);
+    EXPECT_EQ(study.rows("SELECT Subject, Trial FROM dataTrial"), "kim|3");
+    EXPECT_EQ(tavixdb("tables --at 2026-01-01 data/TavixData.mdb then"), "|0|");
+    EXPECT_EQ(files::read(study.folder + "/then/tblTests.csv"),
+              files::read(TAVIX_TESTS "/tables/tblTests.csv"));
+
+    // All or nothing: the new tables have to fit those that stay, and results are not taken.
+    writeFile(tables + "/tblTests.csv", "SETTING,Length\nstd,6\n");
+    writeFile(tables + "/tblDiseaseSymptom.csv",
+              "Setting,InitVisible,Count,D1,D2,D3,D4,D5\nFour,no,5,1,1,1,1,1\n");
+    EXPECT_EQ(tavixdb("update data/TavixData.mdb tables"),
+              "|1|tblTreatments.csv, line 1: column D5+ is missing\n"
+              "tblTreatments.csv, line 1: column D5- is missing\n");
+    writeFile(tables + "/dataEvents.csv", "Time\n");
+    EXPECT_EQ(tavixdb("update data/TavixData.mdb tables"),
+              "|1|dataEvents.csv: results stay as they are; take the file away\n");
+    EXPECT_EQ(study.rows("SELECT * FROM tblTests"), "std|5");
 }
 
 TEST_F(Tools, AnswerOnTheCommandLine) {

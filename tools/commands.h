@@ -15,4 +15,10 @@ struct Command {
 /// Makes a store file from a folder of CSV tables.
 Command create(CLI::App& program);
 
+/// Writes the configuration tables of a store as CSV files.
+Command tables(CLI::App& program);
+
+/// Replaces configuration tables in a store that holds results.
+Command update(CLI::App& program);
+
 }  // namespace commands

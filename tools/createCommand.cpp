@@ -1,15 +1,12 @@
-#include <algorithm>
-#include <iostream>
 #include <memory>
 
 #include "study/createStore.h"
 #include "tools/commands.h"
+#include "tools/told.h"
 
 namespace commands {
 
 namespace {
-
-constexpr std::size_t mostProblems = 20;  // shown one by one; one wrong column complains about every row
 
 struct Arguments {
     std::string tables;
@@ -19,11 +16,7 @@ struct Arguments {
 
 int make(const Arguments& arguments) {
     const auto [problems, notes] = createStore::create(arguments.tables, arguments.file, arguments.force);
-    for (const std::string& note : notes) std::cerr << "note: " << note << '\n';
-    const std::size_t shown = std::min(problems.size(), mostProblems);
-    for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
-    if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
-    return problems.empty() ? 0 : 1;
+    return told(problems, notes);
 }
 
 }  // namespace

@@ -8,7 +8,8 @@ int main(int argc, char** argv) {
     CLI::App app{"Makes store files for Tavix."};
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Print the help of every command and exit");
-    const std::vector<commands::Command> all{commands::create(app)};
+    const std::vector<commands::Command> all{commands::create(app), commands::tables(app),
+                                             commands::update(app)};
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     CLI11_PARSE(app, argc, argv);
     for (const commands::Command& command : all) {

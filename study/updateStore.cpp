@@ -1,0 +1,105 @@
+#include "study/updateStore.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+
+#include "store/layer/database.h"
+#include "study/keptTables.h"
+#include "study/openSessions.h"
+#include "study/readTables.h"
+#include "study/storedWords.h"
+#include "study/writeTables.h"
+
+namespace updateStore {
+
+namespace {
+
+bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
+
+readTables::Tables filesOf(const std::string& folder) {
+    readTables::Tables files = readTables::readFiles(folder);
+    for (const auto& [name, content] : files.contents) {
+        if (!isConfiguration(*schema::find(name)))
+            files.problems.push_back(
+                fmt::format("{}.csv: results stay as they are; take the file away", name));
+    }
+    if (files.problems.empty() && files.contents.empty())
+        files.problems.push_back(fmt::format("{}: holds no table", folder));
+    return files;
+}
+
+storeTable::Content inForce(engine::Connection& database, const schema::Table& table) {
+    std::vector<std::string> others;
+    return storeTable::read(database, table, std::string(table.name), others);
+}
+
+/// The new tables have to fit those that stay.
+std::vector<std::string> problemsWithTheRest(engine::Connection& database, readTables::Tables files) {
+    for (const schema::Table& table : schema::tables()) {
+        if (isConfiguration(table) && !files.contents.contains(table.name))
+            files.contents[table.name] = inForce(database, table);
+    }
+    readTables::checkColumns(files);
+    return files.problems;
+}
+
+std::string replace(engine::Connection& database, const schema::Table& table, const readTables::Tables& files,
+                    const std::string& date) {
+    const std::string name(table.name);
+    const storeTable::Content& content = files.contents.at(table.name);
+    std::string kept;
+    if (storeTable::exists(database, name)) {
+        if (writeTables::bytesOf(inForce(database, table)) == writeTables::bytesOf(content))
+            return name + ": the same already";
+        kept = fmt::format("; the old one is kept as {}", keptTables::keep(database, name, date).name);
+    }
+    storeTable::make(database, table, files.mostDiseases);
+    storeTable::fill(database, table, content);
+    return fmt::format("{}: replaced ({} rows){}", name, content.rows.size(), kept);
+}
+
+void change(engine::Connection& database, const readTables::Tables& files, Wish wish, Outcome& outcome) {
+    engine::lock(database);
+    if (!wish.closed) {
+        for (const std::string& line : openSessions::young(database)) outcome.problems.push_back(line);
+        if (!outcome.problems.empty())
+            outcome.problems.push_back(
+                fmt::format("who has rows of the last {} minutes may be at work; --closed says that the "
+                            "program is closed",
+                            openSessions::youngMinutes));
+    }
+    for (std::string& problem : problemsWithTheRest(database, files)) outcome.problems.push_back(problem);
+    if (!outcome.problems.empty()) return;
+    const std::string date = openSessions::moment(0);
+    for (const schema::Table& table : schema::tables()) {
+        if (files.contents.contains(table.name))
+            outcome.done.push_back(replace(database, table, files, date));
+    }
+    outcome.misfits = storedWords::misfits(database);
+    if (!wish.dryRun) engine::execute(database, "COMMIT");
+}
+
+}  // namespace
+
+Outcome update(const std::string& file, const std::string& folder, Wish wish) {
+    const readTables::Tables files = filesOf(folder);
+    Outcome outcome{files.problems, files.notes, {}, {}};
+    if (!outcome.problems.empty()) return outcome;
+    std::error_code failed;
+    if (!std::filesystem::exists(file, failed)) {
+        outcome.problems.push_back(fmt::format("{}: there is no such file", file));
+        return outcome;
+    }
+    try {
+        const engine::Database database = engine::open(file, store::password, engine::Access::Write);
+        change(*database, files, wish, outcome);
+    } catch (const engine::Error& error) {
+        const bool locked =
+            error.number == engine::couldNotLockFile || error.number == engine::lockedByAnother;
+        outcome.problems.push_back(fmt::format("{}: {}", file, locked ? "is in use" : error.text));
+    }
+    return outcome;
+}
+
+}  // namespace updateStore

@@ -1,0 +1,26 @@
+// Replaces configuration tables in a store that holds results.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace updateStore {
+
+struct Wish {
+    bool closed = false;  ///< nobody is at work, whatever young rows say
+    bool dryRun = false;  ///< everything but the change itself
+};
+
+struct Outcome {
+    std::vector<std::string> problems;  ///< why nothing was changed
+    std::vector<std::string> notes;     ///< what was left out of the files
+    std::vector<std::string> done;      ///< a line for each table
+    std::vector<std::string> misfits;   ///< subjects whose stored words do not fit the tables in force
+};
+
+/// Replaces each configuration table that has a CSV file in `folder` and differs from it, all in one
+/// transaction. The others, and the results, stay as they are; what is replaced is kept under another name.
+/// Refused while a session may be running.
+Outcome update(const std::string& file, const std::string& folder, Wish wish);
+
+}  // namespace updateStore
