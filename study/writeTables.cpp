@@ -131,7 +131,8 @@ Outcome write(const std::string& file, const std::string& folder, bool force, co
     std::error_code failed;
     fs::create_directory(folder, failed);
     if (!fs::is_directory(folder)) {
-        outcome.problems.push_back(fmt::format("{}: {}", folder, failed ? failed.message() : "is no folder"));
+        const bool taken = fs::exists(folder);
+        outcome.problems.push_back(fmt::format("{}: {}", folder, taken ? "is no folder" : failed.message()));
         return outcome;
     }
     std::map<std::string, fs::path> places = placesOf(files, folder, force, outcome);
