@@ -21,4 +21,7 @@ Command tables(CLI::App& program);
 /// Replaces configuration tables in a store that holds results.
 Command update(CLI::App& program);
 
+/// Shows how far a study has come, once or again and again.
+Command status(CLI::App& program);
+
 }  // namespace commands

@@ -5,11 +5,15 @@
 #include "tools/commands.h"
 
 int main(int argc, char** argv) {
-    CLI::App app{"Makes store files for Tavix."};
+    CLI::App app{"Makes store files for Tavix, shows how a study goes on, and takes its data out."};
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Print the help of every command and exit");
-    const std::vector<commands::Command> all{commands::create(app), commands::tables(app),
-                                             commands::update(app)};
+    const std::vector<commands::Command> all{
+        commands::create(app),
+        commands::tables(app),
+        commands::update(app),
+        commands::status(app),
+    };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     CLI11_PARSE(app, argc, argv);
     for (const commands::Command& command : all) {
