@@ -2,13 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <filesystem>
 
 #include "platform/files.h"
 #include "platform/onLeave.h"
 #include "store/layer/database.h"
 #include "store/layer/engine.h"
+#include "study/draft.h"
 #include "study/readTables.h"
 #include "study/storeTable.h"
 
@@ -17,9 +17,6 @@ namespace createStore {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// What the engine keeps beside a store while it works on it, and what a killed program leaves.
-constexpr std::array companions{"-journal", "-wal", "-shm"};
 
 void writeStore(const readTables::Tables& tables, const std::string& file) {
     const engine::Database database = engine::create(file, store::password);
@@ -32,16 +29,10 @@ void writeStore(const readTables::Tables& tables, const std::string& file) {
     engine::execute(*database, "COMMIT");
 }
 
-void removeDraft(const std::string& draft) {
-    std::error_code failed;
-    fs::remove(draft, failed);
-    for (const char* companion : companions) fs::remove(draft + companion, failed);
-}
-
 /// Moves what stands beside `from`, if anything does, to beside `to`.
 std::error_code moveCompanions(const std::string& from, const std::string& to) {
     std::error_code failed;
-    for (const char* companion : companions) {
+    for (const char* companion : draft::companions) {
         if (fs::exists(from + companion) && !failed) fs::rename(from + companion, to + companion, failed);
     }
     return failed;
@@ -66,7 +57,7 @@ std::string replace(const std::string& place, const std::string& draft) {
 
 /// Written beside the target and moved over it when complete, so that a broken attempt leaves no half file.
 std::string make(const readTables::Tables& tables, const std::string& place, const std::string& draft) {
-    const OnLeave cleared([&] { removeDraft(draft); });
+    const OnLeave cleared([&] { draft::remove(draft); });
     try {
         writeStore(tables, draft);
     } catch (const engine::Error& error) {
@@ -90,8 +81,8 @@ Outcome create(const std::string& folder, const std::string& file, bool force) {
         return refused(fmt::format("{}: there is no folder {}", file, parent.string()));
     // One at a time, since the draft has one name: what stands there was left by a killed attempt.
     const OnLeave unlocked = files::lockFolder(parent.string());
-    const std::string draft = (parent / fmt::format(".{}.tavixdb", place.filename().string())).string();
-    removeDraft(draft);
+    const std::string draft = draft::of(place.string());
+    draft::remove(draft);
     if (fs::exists(place, failed)) {
         if (!fs::is_regular_file(place, failed))
             return refused(file + " is no plain file and is not replaced");

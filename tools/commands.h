@@ -24,4 +24,7 @@ Command update(CLI::App& program);
 /// Shows how far a study has come, once or again and again.
 Command status(CLI::App& program);
 
+/// Copies a store to an ordinary file without a password.
+Command plain(CLI::App& program);
+
 }  // namespace commands

@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
         commands::tables(app),
         commands::update(app),
         commands::status(app),
+        commands::plain(app),
     };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     CLI11_PARSE(app, argc, argv);

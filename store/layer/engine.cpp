@@ -3,11 +3,14 @@
 #define SQLITE_HAS_CODEC
 #include <sqlcipher/sqlite3.h>
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
+#include "platform/onLeave.h"
 #include "platform/text.h"
 #include "store/layer/keyDerivation.h"
 
@@ -22,7 +25,8 @@ namespace {
 
 constexpr std::chrono::seconds longestWait{2};
 constexpr std::chrono::milliseconds nap{5};
-constexpr int oldFormat = 3;  // the file format of the distribution's tool
+constexpr int stepsBetweenTicks = 100'000;  // of the engine's machine
+constexpr int oldFormat = 3;                // the file format of the distribution's tool
 
 /// The engine asks whether to wait on for a lock.
 int waitForLock(void* context, int attempt) {
@@ -86,6 +90,11 @@ void bind(sqlite3_stmt* statement, int place, const Value& value) {
     } else {
         require(sqlite3_bind_null(statement, place));
     }
+}
+
+void bindAll(sqlite3_stmt* statement, std::span<const Value> values) {
+    int place = 0;
+    for (const Value& value : values) bind(statement, ++place, value);
 }
 
 Value columnValue(sqlite3_stmt* statement, int column) {
@@ -201,8 +210,7 @@ void lock(Connection& database) {
 
 Rows query(Connection& database, const std::string& sql, std::span<const Value> values) {
     const Statement statement = prepare(database, sql);
-    int place = 0;
-    for (const Value& value : values) bind(statement.get(), ++place, value);
+    bindAll(statement.get(), values);
     Rows result{columnNames(statement.get()), {}};
     while (step(database, statement.get())) {
         std::vector<Value>& row = result.rows.emplace_back();
@@ -218,6 +226,31 @@ std::vector<std::string> columnsOf(Connection& database, const std::string& sql)
 
 void execute(Connection& database, const std::string& sql, std::span<const Value> values) {
     query(database, sql, values);
+}
+
+void executeAll(Connection& database, const std::string& sql, std::span<const std::vector<Value>> rows) {
+    const Statement statement = prepare(database, sql);
+    for (const std::vector<Value>& row : rows) {
+        bindAll(statement.get(), row);
+        step(database, statement.get());
+        require(sqlite3_reset(statement.get()));
+    }
+}
+
+void exportPlain(Connection& database, const std::string& path, const std::function<void()>& tick) {
+    const std::ofstream made(path);  // what is attached is never created by a connection that creates nothing
+    execute(database, "ATTACH ? AS plain KEY ''", std::array{Value(path)});
+    const auto ticked = [](void* context) {
+        (*static_cast<const std::function<void()>*>(context))();
+        return 0;  // go on
+    };
+    std::function<void()> each = tick;
+    sqlite3_progress_handler(database.handle, stepsBetweenTicks, ticked, &each);
+    const OnLeave silent([&] { sqlite3_progress_handler(database.handle, 0, nullptr, nullptr); });
+    execute(database, "BEGIN");
+    execute(database, "SELECT sqlcipher_export('plain')");
+    execute(database, "COMMIT");
+    execute(database, "DETACH plain");
 }
 
 }  // namespace engine

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -58,5 +59,12 @@ void lock(Connection& database);
 Rows query(Connection& database, const std::string& sql, std::span<const Value> values = {});
 std::vector<std::string> columnsOf(Connection& database, const std::string& sql);
 void execute(Connection& database, const std::string& sql, std::span<const Value> values = {});
+
+/// Runs one statement for each of the rows.
+void executeAll(Connection& database, const std::string& sql, std::span<const std::vector<Value>> rows);
+
+/// Writes all tables into a new file without encryption. The connection has to be open for writing, though
+/// nothing in its own file changes. `tick` is called now and then meanwhile.
+void exportPlain(Connection& database, const std::string& path, const std::function<void()>& tick);
 
 }  // namespace engine
