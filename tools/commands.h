@@ -27,4 +27,7 @@ Command status(CLI::App& program);
 /// Copies a store to an ordinary file without a password.
 Command plain(CLI::App& program);
 
+/// Adds the subjects of several stores to one.
+Command merge(CLI::App& program);
+
 }  // namespace commands

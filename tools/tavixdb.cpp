@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
         commands::update(app),
         commands::status(app),
         commands::plain(app),
+        commands::merge(app),
     };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     CLI11_PARSE(app, argc, argv);
