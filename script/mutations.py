@@ -144,6 +144,10 @@ m('L07', 'study/readTables.cpp', '        if (line.find(\'\\0\') != std::string_
 m('L09', 'study/readTables.cpp', 'fileIsUtf8.value_or(isUtf8) != isUtf8', 'fileIsUtf8.value_or(false) && !isUtf8', 'a mixture of encodings is refused')
 m('L11', 'study/fieldValue.cpp', 'for (const char* no : {"no", "false", "0"}) {', 'for (const char* no : {"no", "false"}) {', '0 is a no')
 m('L13', 'study/createStore.cpp', 'if (!force) return refused(', 'if (force && !force) return refused(', 'nothing is replaced unasked')
+m('L15', 'study/csv.cpp', 'return text.empty() || text.front()', 'return text.front()', 'an empty text is no empty value')
+m('L17', 'study/keptTables.cpp', 'one.date > moment', 'one.date < moment', 'a moment finds the tables of its time')
+m('L19', 'study/openSessions.cpp', 'moment(-youngMinutes)', 'moment(-2 * youngMinutes)', 'only young rows are a session')
+m('L21', 'study/updateStore.cpp', 'if (!wish.dryRun) engine', 'engine', 'a dry run changes nothing')
 
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
