@@ -80,21 +80,28 @@ std::vector<std::string> tableLines(const Status& status) {
     return lines;
 }
 
-/// Everything; with `height` no more than so many lines, the subjects giving way.
+/// The first lines of a text.
+std::string cut(const std::string& all, std::size_t lines) {
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < lines && end < all.size(); ++i) end = text::lineEnd(all, end).next;
+    return all.substr(0, end);
+}
+
+/// Everything; with `height` what has room in so many lines: first the subjects give way, then the tables.
 std::string page(const std::string& file, const Status& status, std::size_t height) {
     const std::vector<std::string> scenarios = scenarioLines(status);
     const std::vector<std::string> tables = tableLines(status);
     const std::size_t taken = scenarios.size() + tables.size() + 7;
     const std::size_t most = height == 0 ? std::numeric_limits<std::size_t>::max()
                                          : std::max(fewest, height - std::min(height, taken));
-    std::string all = fmt::format("{}\n{:%Y-%m-%d %H:%M:%S}, {} subjects, last activity {}\n", file,
+    std::string all = fmt::format("{}\n{:%Y-%m-%d %H:%M:%S}  Subjects: {}  Last activity: {}\n", file,
                                   fmt::localtime(std::time(nullptr)), status.subjects.size(),
                                   status.subjects.empty() ? "none" : status.subjects.front().last);
     for (const auto& lines : {scenarios, subjectLines(status, most), tables}) {
         all += '\n';
         for (const std::string& line : lines) all += line + '\n';
     }
-    return all;
+    return height == 0 ? all : cut(all, height - 1);
 }
 
 /// Until somebody ends the program. A store that cannot be read at the moment is said and looked for again.
