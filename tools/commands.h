@@ -4,6 +4,9 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <vector>
+
+#include "study/check.h"
 
 namespace commands {
 
@@ -11,6 +14,9 @@ struct Command {
     CLI::App* app;             ///< its arguments, with their help
     std::function<int()> run;  ///< the exit status
 };
+
+/// The exit status of a call that cannot be understood.
+constexpr int wrongCall = 3;
 
 /// Makes a store file from a folder of CSV tables.
 Command create(CLI::App& program);
@@ -29,5 +35,11 @@ Command plain(CLI::App& program);
 
 /// Adds the subjects of several stores to one.
 Command merge(CLI::App& program);
+
+/// Looks a whole study through.
+Command check(CLI::App& program);
+
+/// What the look at a study found, a line each, on standard output.
+void printFindings(const std::vector<check::Finding>& findings);
 
 }  // namespace commands

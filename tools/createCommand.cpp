@@ -16,7 +16,17 @@ struct Arguments {
 
 int make(const Arguments& arguments) {
     const auto [problems, notes] = createStore::create(arguments.tables, arguments.file, arguments.force);
+<<<<<<< HEAD
     return told(problems, notes);
+=======
+    for (const std::string& note : notes) std::cerr << "note: " << note << '\n';
+    const std::size_t shown = std::min(problems.size(), mostProblems);
+    for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
+    if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
+    if (!problems.empty()) return 1;
+    printFindings(check::look(arguments.file, check::folderOf(arguments.file)));
+    return 0;
+>>>>>>> b0cdbcb (tavixdb check looks a whole study through before its first subject)
 }
 
 }  // namespace
@@ -30,7 +40,9 @@ Command create(CLI::App& program) {
     app->footer(
         "Exit status:\n"
         "  0    the store was made; standard error notes what was left out\n"
-        "  1    nothing was made or replaced; standard error says why, with file, line and column");
+        "  1    nothing was made or replaced; standard error says why, with file, line and column\n"
+        "  3    the call was wrong\n"
+        "What tavixdb check finds in the new store is printed and does not change the status.");
     return {app, [given] { return make(*given); }};
 }
 

@@ -12,12 +12,17 @@ int main(int argc, char** argv) {
         commands::create(app),
         commands::tables(app),
         commands::update(app),
+        commands::check(app),
         commands::status(app),
         commands::plain(app),
         commands::merge(app),
     };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : commands::wrongCall;
+    }
     for (const commands::Command& command : all) {
         if (!command.app->parsed()) continue;
         try {
