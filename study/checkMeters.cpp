@@ -36,8 +36,8 @@ struct Meters {
 
     void changed(int row) {
         if (count < 2) return;
-        int excess = -wholeBelief;
-        for (int i = 0; i < count; ++i) excess += at(i).value;
+        int excess = at(row).value - wholeBelief;  // a row that comes up is not counted yet
+        for (int k = 1; k < count; ++k) excess += at((row + k) % count).value;
         for (int k = 1; k < count && excess > 0 && !refused; ++k) {
             const int neighbour = (row + k) % count;
             const int belief = at(neighbour).value;
@@ -79,12 +79,6 @@ std::vector<int> startsOf(const Study& study, const Scenario& scenario) {
     return starts;
 }
 
-bool addUp(const std::vector<int>& starts) {
-    int sum = 0;
-    for (const int start : starts) sum += start;
-    return sum == 0 || sum == wholeBelief;
-}
-
 }  // namespace
 
 void meters(Study& study) {
@@ -94,13 +88,11 @@ void meters(Study& study) {
                            scenario.rates != noRow && !study.badRates.contains(scenario.rates);
         if (!options.isTrue(scenario.row, "YokeBeliefMeters") || !known) continue;
         const std::vector<int> starts = startsOf(study, scenario);
-        if (options.isTrue(scenario.row, "DiagnoseAllDiseases") && addUp(starts) && loadIsRefused(starts)) {
+        if (options.isTrue(scenario.row, "DiagnoseAllDiseases") && loadIsRefused(starts)) {
             study.error(
                 options, scenario.row, "YokeBeliefMeters",
                 "With these base rates the yoked meters push one another out of their limits while the "
                 "diagnosis loads: the program ends.");
-            study.note(study.sheet("tblBaseRates"), scenario.rates, diseaseColumn(0),
-                       "From these rates yoked meters for all diseases cannot start.");
         } else if (scenario.diseases > 2) {
             study.note(options, scenario.row, "YokeBeliefMeters",
                        fmt::format(

@@ -109,6 +109,7 @@ void strangersOf(Study& study, std::string_view table) {
 void strangersOfTests(Study& study) {
     const Sheet& tests = study.sheet("tblTests");
     const Sheet& options = study.sheet("tblAppDefault");
+    if (!options.has("TestLengthSetting")) return;
     std::set<std::string> broken;
     for (int row = 0; row < tests.size(); ++row) {
         const std::string name = tests.text(row, "SETTING");

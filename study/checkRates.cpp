@@ -40,28 +40,36 @@ bool symptomsKnowBetter(const Sheet& rates, int row, int count, int agreed) {
            sumOf(rates, row, agreed) == whole100;
 }
 
-/// Percents of a row, each within 0 to 100.
-bool percents(Study& study, const Sheet& sheet, int row, int count) {
-    bool sound = true;
+/// The sum of a row's percents, each within 0 to 100 as a load reads it; nothing where one is not.
+std::optional<int> percents(Study& study, const Sheet& sheet, int row, int count) {
+    std::optional<int> sum = 0;
     for (int j = 0; j < count; ++j) {
-        if (!sheet.has(diseaseColumn(j))) continue;
-        sound = study.wholeWithin(sheet, row, diseaseColumn(j), 0, whole100, Grade::Error,
-                                  "patients are drawn wrong.") &&
-                sound;
+        const std::optional<int> percent = study.wholeWithin(sheet, row, diseaseColumn(j), 0, whole100,
+                                                             Grade::Error, "patients are drawn wrong.");
+        sum = sum && percent ? std::optional(*sum + *percent) : std::nullopt;
     }
-    return sound;
+    return sum;
 }
 
-void judgeSum(Study& study, const Sheet& rates, int row, int count) {
-    int sum = 0;
-    for (int j = 0; j < count; ++j)
-        sum += static_cast<int>(numberText::toNumber(rates.text(row, diseaseColumn(j))));
+void judgeSum(Study& study, const Sheet& rates, int row, int count, int sum) {
     if (sum == whole100) return;
     study.error(
         rates, row, diseaseColumn(0),
         fmt::format("The rates D1 to D{} add up to {} and not to 100: {}", count, sum,
                     sum < whole100 ? "the other patients get the disease of the patient before."
                                    : "the last diseases are drawn more rarely than their rates say."));
+}
+
+/// A column that all of a scenario's counts ask for: told once for the table.
+void missColumn(Study& study, const Sheet& sheet, int columns, int count) {
+    const std::string column = diseaseColumn(columns);
+    const bool told = std::ranges::any_of(study.findings, [&](const Finding& finding) {
+        return finding.table == sheet.name && finding.column == column && finding.row == 0;
+    });
+    if (told) return;
+    study.error(
+        sheet, noRow, column,
+        fmt::format("The column is missing: a scenario with {} diseases ends at the sign-in.", count));
 }
 
 /// The count of one row, and the diseases that the rest of the scenario's tables are held against; 0 if
@@ -78,6 +86,10 @@ int diseasesOf(Study& study, const Sheet& rates, int row, int agreed) {
             fmt::format("{} diseases, where the symptoms have {} and the rates D1 to D{} add up to 100: "
                         "the program ends, or draws patients wrong.",
                         *count, agreed, agreed));
+    } else if (*count > most && *count == agreed && *count <= mostDiseases) {
+        missColumn(study, rates, most, *count);
+        study.badRates.insert(row);
+        return agreed;
     } else if (*count > most) {
         study.error(rates, row, "Count",
                     fmt::format("{} diseases, where the table has columns up to D{}: the program ends at the "
@@ -91,11 +103,9 @@ int diseasesOf(Study& study, const Sheet& rates, int row, int agreed) {
                             "the sign-in.",
                             *count, mostDiseases));
         if (*count == 1) study.warn(rates, row, "Count", "A single disease: every patient has it.");
-        if (percents(study, rates, row, *count)) {
-            judgeSum(study, rates, row, *count);
-        } else {
-            study.badRates.insert(row);
-        }
+        const std::optional<int> sum = percents(study, rates, row, std::min(*count, most));
+        if (sum) judgeSum(study, rates, row, *count, *sum);
+        if (!sum) study.badRates.insert(row);
         return *count;
     }
     study.badRates.insert(row);
@@ -129,6 +139,10 @@ bool judgeCount(Study& study, const Scenario& scenario, int row, int count) {
     const Sheet& sheet = study.sheet("tblDiseaseSymptom");
     const int columns = diseaseColumns(sheet);
     const int diseases = scenario.diseases;
+    if (count > columns && count == diseases) {
+        if (count <= mostDiseases) missColumn(study, sheet, columns, count);
+        return false;
+    }
     if (count < 1 || count > columns) {
         study.error(sheet, row, "Count",
                     fmt::format("{} is not within 1 and the {} columns of the table: the program ends at the "

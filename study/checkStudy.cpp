@@ -35,6 +35,7 @@ bool Sheet::isTrue(int row, std::string_view column) const {
 }
 
 void Study::add(Grade grade, const Sheet& sheet, int row, std::string_view column, std::string text) {
+    if (row != noRow && !sheet.has(column)) return;  // the missing column has been told
     findings.push_back({grade, sheet.name, row + 1, std::string(column), std::move(text)});
 }
 

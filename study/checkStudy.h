@@ -48,7 +48,7 @@ struct Study {
     std::string folder;
     std::map<std::string, Sheet, std::less<>> sheets = {};
     std::vector<Scenario> scenarios = {};
-    std::set<int> badRates = {};  ///< rows of tblBaseRates of which something has been found already
+    std::set<int> badRates = {};  ///< rows of tblBaseRates with a count or a rate that cannot be taken
     std::vector<Finding> findings = {};
 
     [[nodiscard]] const Sheet& sheet(std::string_view table) const { return sheets.find(table)->second; }

@@ -91,7 +91,8 @@ void judgeNumber(Study& study, const std::string& name, const Use& use, int ther
 void testLengths(Study& study) {
     const Sheet& tests = study.sheet("tblTests");
     const Sheet& options = study.sheet("tblAppDefault");
-    if (!tests.there || !tests.has("SETTING") || !tests.has("Length")) return;
+    if (!tests.there || !tests.has("SETTING") || !tests.has("Length") || !options.has("TestLengthSetting"))
+        return;
     std::map<std::string, int> seen;
     for (int row = 0; row < tests.size(); ++row) {
         const std::string name = tests.text(row, "SETTING");

@@ -110,12 +110,12 @@ void judgeTwins(Study& study, const std::vector<int>& rows, int place, int toget
             continue;
         const bool equal = words.text(other, "Term") == words.text(row, "Term");
         const bool ends = equal && place < together;
-        study.add(ends ? Grade::Error : Grade::Warning, words, row, "Term",
-                  fmt::format(
-                      "\"{}\" stands in row {} too: {}", words.text(row, "Term"), other + 1,
-                      ends ? "with all diseases at once the diagnosis cannot name them all, and the program "
-                             "ends."
-                           : "a subject cannot tell the two apart."));
+        study.add(
+            ends ? Grade::Error : Grade::Warning, words, row, "Term",
+            fmt::format("\"{}\" stands in row {} too: {}", words.text(row, "Term"), other + 1,
+                        ends ? "with all diseases at once the diagnosis cannot name them for every subject, "
+                               "and the program ends."
+                             : "a subject cannot tell the two apart."));
         return;
     }
 }

@@ -40,7 +40,12 @@ engine::Database open(const std::string& path) {
     if (!std::filesystem::exists(path, failed))
         throw std::runtime_error(fmt::format("{}: there is no such file", path));
     try {
-        return pastLocks([&] { return engine::open(path, store::password, engine::Access::Read); });
+        engine::Database database =
+            pastLocks([&] { return engine::open(path, store::password, engine::Access::Read); });
+        // An empty file opens as well, and a study has tables.
+        if (select(*database, "SELECT 1 FROM sqlite_master LIMIT 1").rows.empty())
+            throw std::runtime_error(fmt::format("{}: holds no table; it is no store", path));
+        return database;
     } catch (const engine::Error& error) {
         throw std::runtime_error(fmt::format("{}: cannot be opened as a store: {}", path, error.text));
     }
