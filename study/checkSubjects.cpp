@@ -11,30 +11,33 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Name and trial make the identifiers, with no sign between: kim1 in trial 12 and kim in trial 112 are one.
-bool canCollide(const std::string& shorter, const std::string& longer) {
-    if (longer.size() <= shorter.size() || !longer.starts_with(shorter)) return false;
-    const std::string rest = longer.substr(shorter.size());
-    return rest.front() != '0' && std::ranges::all_of(rest, isDigit);
+/// Whose identifiers can be those of `name`. Name and trial stand in them with no sign between: kim1 in
+/// trial 12 and kim in trial 112 are one. Nobody if there is none such.
+std::string doubleOf(const std::string& name, const std::set<std::string>& names) {
+    for (std::size_t cut = name.size(); cut > 1 && isDigit(name[cut - 1]); --cut) {
+        const std::string stem = name.substr(0, cut - 1);
+        if (name[cut - 1] != '0' && names.contains(stem)) return stem;
+    }
+    return {};
 }
 
 void judgeNames(Study& study) {
     const Sheet& sheet = study.sheet("SubjectInfo");
+    std::set<std::string> names;
+    for (int row = 0; row < sheet.size(); ++row) names.insert(text::folded(sheet.text(row, "Subject")));
     for (int row = 0; row < sheet.size(); ++row) {
-        const std::string name = text::folded(sheet.text(row, "Subject"));
+        const std::string name = sheet.text(row, "Subject");
         if (hasApostrophe(name))
             study.warn(
                 sheet, row, "Subject",
-                fmt::format(
-                    "\"{}\" holds an apostrophe: a sign-in by this name stops with a box of the store.",
-                    name));
-        for (int other = 0; other < sheet.size(); ++other) {
-            const std::string otherName = text::folded(sheet.text(other, "Subject"));
-            if (sheet.isEmpty(other, "Subject") || !canCollide(otherName, name)) continue;
+                fmt::format("\"{}\" holds an apostrophe: a sign-in by this name stops with a box of the "
+                            "store.",
+                            name));
+        const std::string other = doubleOf(text::folded(name), names);
+        if (!other.empty())
             study.warn(sheet, row, "Subject",
                        fmt::format("The identifiers of \"{}\" can be those of \"{}\" from trial 100 on.",
-                                   name, otherName));
-        }
+                                   name, other));
     }
 }
 

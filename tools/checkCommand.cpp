@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -24,6 +25,11 @@ int statusOf(const std::vector<check::Finding>& findings) {
 }
 
 int look(const Arguments& arguments) {
+    std::error_code failed;
+    if (!arguments.folder.empty() && !std::filesystem::is_directory(arguments.folder, failed)) {
+        std::cerr << arguments.folder << ": there is no such folder\n";
+        return wrongCall;
+    }
     try {
         const std::string folder =
             arguments.folder.empty() ? check::folderOf(arguments.file) : arguments.folder;
@@ -44,7 +50,7 @@ int look(const Arguments& arguments) {
 
 void printFindings(const std::vector<check::Finding>& findings) {
     for (const check::Finding& finding : findings) std::cout << check::lineOf(finding) << '\n';
-    if (findings.empty()) std::cout << "Nothing found.\n";
+    if (findings.empty()) std::cout << "The check found nothing.\n";
 }
 
 Command check(CLI::App& program) {

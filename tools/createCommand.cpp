@@ -24,7 +24,11 @@ int make(const Arguments& arguments) {
     for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
     if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
     if (!problems.empty()) return 1;
-    printFindings(check::look(arguments.file, check::folderOf(arguments.file)));
+    try {
+        printFindings(check::look(arguments.file, check::folderOf(arguments.file)));
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';  // the store has been made all the same
+    }
     return 0;
 >>>>>>> b0cdbcb (tavixdb check looks a whole study through before its first subject)
 }
