@@ -42,4 +42,7 @@ Command check(CLI::App& program);
 /// What the look at a study found, a line each, on standard output.
 void printFindings(const std::vector<check::Finding>& findings);
 
+/// Writes a page with plots and tables of the results.
+Command report(CLI::App& program);
+
 }  // namespace commands

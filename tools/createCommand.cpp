@@ -1,3 +1,4 @@
+#include <iostream>
 #include <memory>
 
 #include "study/createStore.h"
@@ -16,21 +17,15 @@ struct Arguments {
 
 int make(const Arguments& arguments) {
     const auto [problems, notes] = createStore::create(arguments.tables, arguments.file, arguments.force);
-<<<<<<< HEAD
-    return told(problems, notes);
-=======
-    for (const std::string& note : notes) std::cerr << "note: " << note << '\n';
-    const std::size_t shown = std::min(problems.size(), mostProblems);
-    for (std::size_t i = 0; i < shown; ++i) std::cerr << problems[i] << '\n';
-    if (shown < problems.size()) std::cerr << "and " << problems.size() - shown << " more\n";
-    if (!problems.empty()) return 1;
+    const int status = told(problems, notes);
+    if (status != 0) return status;
     try {
         printFindings(check::look(arguments.file, check::folderOf(arguments.file)));
     } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';  // the store has been made all the same
+        std::cerr << error.what() << '
+';  // the store has been made all the same
     }
     return 0;
->>>>>>> b0cdbcb (tavixdb check looks a whole study through before its first subject)
 }
 
 }  // namespace

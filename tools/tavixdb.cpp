@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
         commands::status(app),
         commands::plain(app),
         commands::merge(app),
+        commands::report(app),
     };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     try {

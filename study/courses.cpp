@@ -1,0 +1,299 @@
+#include "study/courses.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <set>
+#include <stdexcept>
+#include <unordered_map>
+
+#include "platform/numberText.h"
+#include "platform/text.h"
+#include "study/readStore.h"
+
+namespace courses {
+
+namespace {
+
+using Row = std::vector<engine::Value>;
+
+constexpr int rowsAtOnce = 20000;
+constexpr std::array<std::string_view, 5> actionNames{"AddSymptom", "RemoveSymptom", "Testing", "Diagnose",
+                                                      "Prescribe"};
+
+std::string textOf(const engine::Value& value) { return readStore::textOf(value); }
+
+std::optional<double> numberOf(const engine::Value& value) {
+    const std::string source = textOf(value);
+    if (!numberText::isNumeric(source)) return {};
+    return numberText::toNumber(source);
+}
+
+std::optional<int> wholeOf(const engine::Value& value) {
+    const std::optional<double> number = numberOf(value);
+    if (!number || *number < -2147483648.0 || *number > 2147483647.0) return {};
+    return static_cast<int>(*number);
+}
+
+bool isSet(const engine::Value& value) { return numberOf(value).value_or(0) != 0; }
+
+/// Whole numbers parted by one sign ("2026-01-05", "14:03:22"); fewer than `count` are no such text.
+std::optional<std::array<int, 3>> numbersIn(const std::string& source, char sign, std::size_t count) {
+    std::array<int, 3> found{};
+    const char* at = source.data();
+    const char* const end = at + source.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [next, failed] = std::from_chars(at, end, found[i]);
+        const bool last = i + 1 == count;
+        if (failed != std::errc() || (!last && (next == end || *next != sign))) return {};
+        at = last ? next : next + 1;
+    }
+    return found;
+}
+
+/// Seconds since a fixed day, so that a patient may pass midnight.
+std::optional<std::int64_t> secondOf(const engine::Value& date, const engine::Value& time) {
+    const auto day = numbersIn(textOf(date), '-', 3);
+    const auto clock = numbersIn(textOf(time), ':', 3);
+    if (!day || !clock) return {};
+    const std::chrono::sys_days days = std::chrono::year((*day)[0]) /
+                                       std::chrono::month(static_cast<unsigned>((*day)[1])) /
+                                       std::chrono::day(static_cast<unsigned>((*day)[2]));
+    return std::int64_t{days.time_since_epoch().count()} * 86400 + (*clock)[0] * 3600 + (*clock)[1] * 60 +
+           (*clock)[2];
+}
+
+std::optional<int> secondsOfDuration(const engine::Value& value) {
+    const auto parts = numbersIn(textOf(value), ':', 2);
+    if (!parts) return {};
+    return (*parts)[0] * 60 + (*parts)[1];
+}
+
+/// Calls `take` with each row of these columns, in the order of writing. The rows come in pieces: between two
+/// of them a running session can write.
+void eachRow(engine::Connection& database, const std::string& table, const std::string& columns,
+             const std::function<void(const Row&)>& take) {
+    std::int64_t last = -1;
+    try {
+        for (bool more = true; more;) {
+            const engine::Rows piece = readStore::select(
+                database, fmt::format("SELECT {}, rowid FROM [{}] WHERE rowid > {} ORDER BY rowid LIMIT {}",
+                                      columns, table, last, rowsAtOnce));
+            for (const Row& row : piece.rows) take(row);
+            more = piece.rows.size() == rowsAtOnce;
+            if (more) last = std::get<std::int64_t>(piece.rows.back().back());
+        }
+    } catch (const engine::Error& error) {
+        throw std::runtime_error(fmt::format("table {}: {}", table, error.text));
+    }
+}
+
+/// Names in the order without regard to case, each with its place.
+struct Names {
+    std::map<std::string, std::string> spellings;  ///< by the folded form; the first spelling stays
+
+    void add(const std::string& name) { spellings.emplace(text::folded(name), name); }
+    [[nodiscard]] std::vector<std::string> list() const {
+        std::vector<std::string> all;
+        for (const auto& [folded, name] : spellings) all.push_back(name);
+        return all;
+    }
+    [[nodiscard]] std::size_t place(const std::string& name) const {
+        return static_cast<std::size_t>(std::distance(spellings.begin(), spellings.find(text::folded(name))));
+    }
+};
+
+/// Scenarios whose feedback shows the computed chances: elsewhere the column keeps an older text.
+std::set<std::string> scenariosWithChances(engine::Connection& database) {
+    std::set<std::string> found;
+    eachRow(database, "tblAppDefault", "Setting, FeedbackDiseaseP", [&](const Row& row) {
+        if (isSet(row[1])) found.insert(text::folded(textOf(row[0])));
+    });
+    return found;
+}
+
+Patient patientOf(const Row& row, bool withChances) {
+    Patient patient{};
+    patient.trial = wholeOf(row[4]).value_or(0);
+    patient.start = textOf(row[2]) + " " + textOf(row[3]);
+    patient.startSecond = secondOf(row[2], row[3]);
+    patient.roster = textOf(row[5]);
+    patient.findings = textOf(row[6]);
+    patient.disease = textOf(row[7]);
+    patient.score = wholeOf(row[8]);
+    patient.result = textOf(row[9]);
+    patient.saved = isSet(row[10]);
+    patient.duration = secondsOfDuration(row[11]);
+    patient.health = numberOf(row[12]);
+    if (!patient.result.empty())
+        patient.state = patient.result == "Aborted by Options" ? State::Aborted : State::Finished;
+    if (patient.state == State::Finished && isSet(row[13])) {
+        patient.belief = numberOf(row[14]);
+        if (withChances && patient.belief) patient.chance = numberOf(row[15]);
+    }
+    return patient;
+}
+
+void readPatients(engine::Connection& database, Study& study) {
+    const std::set<std::string> withChances = scenariosWithChances(database);
+    Names subjects;
+    Names scenarios;
+    std::vector<std::pair<std::string, std::string>> names;  // of each patient
+    eachRow(
+        database, "dataTrial",
+        "Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, Result, Saved, "
+        "ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease",
+        [&](const Row& row) {
+            names.emplace_back(textOf(row[0]), textOf(row[1]));
+            subjects.add(names.back().first);
+            scenarios.add(names.back().second);
+            study.patients.push_back(patientOf(row, withChances.contains(text::folded(names.back().second))));
+        });
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        study.patients[i].subject = subjects.place(names[i].first);
+        study.patients[i].scenario = scenarios.place(names[i].second);
+    }
+    study.subjects = subjects.list();
+    study.scenarios = scenarios.list();
+    std::ranges::stable_sort(study.patients, {}, &Patient::subject);
+}
+
+/// By subject and number: the rows of one number, in their order.
+using Trials = std::map<std::pair<std::string, int>, std::vector<std::size_t>>;
+
+Trials trialsOf(const Study& study) {
+    Trials trials;
+    for (std::size_t i = 0; i < study.patients.size(); ++i) {
+        const Patient& patient = study.patients[i];
+        trials[{text::folded(study.subjects[patient.subject]), patient.trial}].push_back(i);
+    }
+    return trials;
+}
+
+/// Events by their identifiers, which can repeat.
+using Identifiers = std::unordered_map<std::string, std::vector<std::pair<std::size_t, std::size_t>>>;
+
+Identifiers readEvents(engine::Connection& database, Study& study) {
+    const Trials trials = trialsOf(study);
+    Identifiers identifiers;
+    eachRow(
+        database, "dataEvents", "EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output",
+        [&](const Row& row) {
+            const auto rows = trials.find({text::folded(textOf(row[1])), wholeOf(row[2]).value_or(0)});
+            const auto action = std::ranges::find(actionNames, textOf(row[7]));
+            if (rows == trials.end() || action == actionNames.end()) return;
+            // A case that came twice: the event belongs to the last row that had begun.
+            const std::optional<std::int64_t> second = secondOf(row[3], row[4]);
+            std::size_t owner = rows->second.front();
+            for (const std::size_t each : rows->second) {
+                if (study.patients[each].startSecond <= second) owner = each;
+            }
+            Patient& patient = study.patients[owner];
+            Event event{};
+            event.second = second && patient.startSecond
+                               ? static_cast<int>(std::max<std::int64_t>(0, *second - *patient.startSecond))
+                               : 0;
+            event.clock = textOf(row[5]);
+            event.health = numberOf(row[6]);
+            event.action = static_cast<Action>(action - actionNames.begin());
+            event.what = textOf(row[8]);
+            event.outcome = isSet(row[9]);
+            identifiers[textOf(row[0])].emplace_back(owner, patient.events.size());
+            patient.events.push_back(std::move(event));
+        });
+    return identifiers;
+}
+
+/// The event that a row of details belongs to: the first of its identifier and action that has none yet.
+Event* next(Study& study, const Identifiers& identifiers, const std::string& id, Action action) {
+    const auto found = identifiers.find(id);
+    if (found == identifiers.end()) return nullptr;
+    for (const auto& [patient, number] : found->second) {
+        Event& event = study.patients[patient].events[number];
+        if (event.action != action || event.detailed) continue;
+        event.detailed = true;
+        return &event;
+    }
+    return nullptr;
+}
+
+void readDetails(engine::Connection& database, Study& study, const Identifiers& identifiers) {
+    eachRow(database, "dataGetTests", "EventID, Test", [&](const Row& row) {
+        Event* event = next(study, identifiers, textOf(row[0]), Action::Testing);
+        if (event != nullptr) event->what = textOf(row[1]);
+    });
+    eachRow(database, "dataTreatments", "EventID, Harm", [&](const Row& row) {
+        Event* event = next(study, identifiers, textOf(row[0]), Action::Prescribe);
+        if (event != nullptr) event->harm = isSet(row[1]);
+    });
+    Event* current = nullptr;
+    std::string id;
+    eachRow(database, "dataHypotheses", "EventID, [Order], Guess, Belief", [&](const Row& row) {
+        if (wholeOf(row[1]) == 1 || textOf(row[0]) != id) {
+            id = textOf(row[0]);
+            current = next(study, identifiers, id, Action::Diagnose);
+        }
+        if (current != nullptr) current->beliefs.push_back({textOf(row[2]), wholeOf(row[3]).value_or(0)});
+    });
+}
+
+/// Rows that tell nothing of their own, and the places of the others.
+void markRepeated(Study& study) {
+    for (const auto& [key, rows] : trialsOf(study)) {
+        for (const std::size_t each : rows) {
+            if (rows.size() > 1) study.patients[each].state = State::Repeated;
+        }
+    }
+    std::map<std::pair<std::size_t, std::size_t>, int> places;
+    for (std::size_t i = 0; i < study.patients.size(); ++i) {
+        Patient& patient = study.patients[i];
+        const Patient* before = i == 0 ? nullptr : &study.patients[i - 1];
+        // The experimenter's key between two patients writes the one before once more, without an event.
+        if (patient.state == State::Aborted && patient.events.empty() && before != nullptr &&
+            before->subject == patient.subject && before->roster == patient.roster &&
+            before->findings == patient.findings && before->disease == patient.disease)
+            patient.state = State::Repeated;
+        if (patient.state != State::Repeated) patient.place = ++places[{patient.subject, patient.scenario}];
+    }
+}
+
+}  // namespace
+
+Study read(engine::Connection& database) {
+    Study study;
+    readPatients(database, study);
+    readDetails(database, study, readEvents(database, study));
+    markRepeated(study);
+    return study;
+}
+
+std::optional<int> firstOf(const Patient& patient, Action action) {
+    const auto found = std::ranges::find(patient.events, action, &Event::action);
+    if (found == patient.events.end()) return {};
+    return found->second;
+}
+
+const std::vector<Hypothesis>& lastBeliefs(const Patient& patient) {
+    static const std::vector<Hypothesis> none;
+    for (auto event = patient.events.rbegin(); event != patient.events.rend(); ++event) {
+        if (event->action == Action::Diagnose) return event->beliefs;
+    }
+    return none;
+}
+
+int find(const Study& study, std::string_view subject, int trial) {
+    int found = -1;
+    for (std::size_t i = 0; i < study.patients.size(); ++i) {
+        const Patient& patient = study.patients[i];
+        if (patient.trial == trial && text::folded(study.subjects[patient.subject]) == text::folded(subject))
+            found = static_cast<int>(i);
+    }
+    return found;
+}
+
+}  // namespace courses

@@ -1,0 +1,105 @@
+// What the report reckons from the rows of a store, and the page that it writes.
+#include <filesystem>
+
+#include "platform/files.h"
+#include "study/courses.h"
+#include "study/figures.h"
+#include "study/readStore.h"
+#include "study/report.h"
+#include "tests/faults.h"
+#include "tests/temporaryStudy.h"
+
+namespace {
+
+/// Kim has two patients, one in a diagnosis with beliefs, a repetition by the experimenter's key, and one
+/// without an end; the other subject a case that came twice, under the same identifiers.
+const char* const rows = R"(
+INSERT INTO dataTrial (Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, ActualTime,
+    EndHealth, Diagnoses, DiseaseBelief, pDisease, Result, Saved) VALUES
+  ('Kim', 'Plain', '2026-01-05', '23:59:30', 1, 1, '10', 'Aavo', 90, '1:05', 40.5, 1, '0.70', '0.29', 'Saved', 1),
+  ('KIM', 'Plain', '2026-01-06', '00:10:00', 2, 2, '01', 'Bexo', 70, '0:30', 0, 0, '0', '0.80', 'Dead', NULL),
+  ('Kim', 'Plain', '2026-01-06', '00:11:00', 3, 2, '01', 'Bexo', 70, '0:30', 0, 0, '0', '0.80',
+   'Aborted by Options', NULL),
+  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:00:00', 1, 1, '11', 'Aavo', 50, '0:20', 9, 1, '1.00', '1.00', 'Dead',
+   NULL),
+  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:05:00', 1, 1, '11', 'Aavo', 50, NULL, NULL, NULL, NULL, NULL, NULL,
+   NULL),
+  ('kim', 'Plain', '2026-01-06', '00:12:00', 4, 3, '00', 'Aavo', 70, NULL, NULL, NULL, NULL, NULL, NULL, NULL);
+INSERT INTO dataEvents (EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output) VALUES
+  ('Kim01_001', 'Kim', 1, '2026-01-06', '00:00:10', '08:40', '92.1 ', 'Testing', 'TestPosition1', -1),
+  ('Kim01_002', 'Kim', 1, '2026-01-06', '00:00:15', '08:45', '91.0 ', 'Diagnose', 'HypothesisPosition01', 0),
+  ('b01_001', '<b>O''Brien & é', 1, '2026-01-06', '10:00:05', '08:05', '50.0 ', 'Diagnose', '', 0),
+  ('b01_001', '<b>O''Brien & é', 1, '2026-01-06', '10:05:07', '08:05', '50.0 ', 'Diagnose', '', 0);
+INSERT INTO dataGetTests (EventID, Test) VALUES ('Kim01_001', 'Fever');
+INSERT INTO dataHypotheses (EventID, [Order], Guess, Belief) VALUES ('Kim01_002', 1, 'Aavo', 70),
+  ('Kim01_002', 2, 'Bexo', 29), ('b01_001', 1, 'Aavo', 10), ('b01_001', 1, 'Bexo', 20);
+UPDATE tblAppDefault SET FeedbackDiseaseP = -1)";
+
+struct Report : testing::Test {
+    TemporaryStudy study;
+    std::string page = study.folder + "/out.html";
+
+    Report() {
+        const std::string all = rows;
+        for (std::size_t at = 0; at < all.size();) {
+            const std::size_t end = std::min(all.find(";\n", at), all.size());
+            study.change(all.substr(at, end - at));
+            at = end + 1;
+        }
+    }
+    [[nodiscard]] std::string refusal(const std::string& patient) const {
+        try {
+            report::write(study.storePath(), page, patient);
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
+        return {};
+    }
+};
+
+TEST_F(Report, ReckonsFromTheRowsThatTellOfAPatient) {
+    const auto database = readStore::open(study.storePath());
+    const courses::Study found = courses::read(*database);
+    const int twice = courses::find(found, "<B>o'brien & É", 1);
+    ASSERT_EQ(twice, 1);
+    EXPECT_EQ(found.patients[0].events.size() * 10 + found.patients[1].events.size(), 11U);
+    EXPECT_EQ(courses::lastBeliefs(found.patients[1]).at(0).belief, 20);
+    EXPECT_EQ(found.patients[2].events.at(0).what, "Fever");
+
+    std::vector<const courses::Patient*> all;
+    for (const courses::Patient& patient : found.patients) all.push_back(&patient);
+    const figures::Figures figures = figures::of(all);
+    EXPECT_EQ(figures.patients * 100 + figures.finished * 10 + figures.saved, 321);
+    EXPECT_EQ(figures.ends, (std::vector<std::pair<std::string, int>>{{"", 1}, {"Dead", 1}, {"Saved", 1}}));
+    ASSERT_EQ(figures.scores.size(), 2U);
+    EXPECT_EQ(figures.scores[1].marks[2], 70);
+    EXPECT_EQ(figures.firstTest.value().marks[0], 40);  // past midnight
+    EXPECT_EQ(figures.firstDiagnosis.value().count, 1);
+    EXPECT_EQ(figures.chance[2].count, 1);  // 0.29; a patient without a diagnosis has no belief
+    EXPECT_NEAR(figures.distance.value(), 0.41, 1e-9);
+    EXPECT_EQ(figures.calibration[7].up, 1);
+    EXPECT_EQ(figures.calibration[2].up + figures.calibration[0].count, 0);
+    EXPECT_EQ(figures::spreadOf({4, 1, 2, 3}).value().marks, (std::array<double, 5>{1, 1.75, 2.5, 3.25, 4}));
+    EXPECT_EQ(figures::binned(std::vector<std::pair<double, double>>{{1, 0}, {0.9, 1}})[9].up, 0.5);
+}
+
+TEST_F(Report, IsOnePageThatFetchesNothingAndEscapesNames) {
+    EXPECT_EQ(refusal("kim:1"), "");
+    const std::string written = files::read(page);
+    EXPECT_EQ(refusal("kim:1"), "");  // replaced, by the same
+    EXPECT_EQ(files::read(page), written);
+    EXPECT_NE(written.find(R"(["\u003cb>O'Brien & \u00e9","Kim"])"), std::string::npos);
+    EXPECT_NE(written.find(R"("chosen":2,)"), std::string::npos);
+    for (const char* outside : {" src=", "<link rel=\"stylesheet", "url(", "@import", "<b>"})
+        EXPECT_EQ(written.find(outside), std::string::npos) << outside;
+    EXPECT_EQ(refusal("kim:9"), "--patient kim:9: the subject \"kim\" has no patient 9");
+    EXPECT_EQ(refusal("kim"), "--patient kim: a patient is named SUBJECT:TRIAL");
+    writeFile(page, "precious");
+    EXPECT_EQ(refusal(""), page + " exists and is no report; it is not replaced");
+    study.change("DROP TABLE dataEvents");
+    std::filesystem::remove(page);
+    EXPECT_EQ(refusal(""), study.storePath() + ": table dataEvents: no such table: dataEvents");
+    EXPECT_FALSE(std::filesystem::exists(page + ".tavixdb"));
+}
+
+}  // namespace
