@@ -13,6 +13,7 @@ install(DIRECTORY sample/tables sample/Patients DESTINATION share/tavix)
 install(FILES sample/unattended.tvx DESTINATION share/tavix)
 install(FILES packaging/tavix.desktop DESTINATION share/applications)
 install(FILES packaging/copyright DESTINATION share/doc/tavix)
+install(FILES study/page/licence.txt DESTINATION share/doc/tavix RENAME copyright.d3)
 # These two are headers only and so part of our programs: their licences come with us.
 foreach(package libcli11-dev nlohmann-json3-dev)
   install(FILES /usr/share/doc/${package}/copyright DESTINATION share/doc/tavix RENAME copyright.${package}

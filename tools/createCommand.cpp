@@ -22,8 +22,7 @@ int make(const Arguments& arguments) {
     try {
         printFindings(check::look(arguments.file, check::folderOf(arguments.file)));
     } catch (const std::exception& error) {
-        std::cerr << error.what() << '
-';  // the store has been made all the same
+        std::cerr << error.what() << '\n';  // the store has been made all the same
     }
     return 0;
 }

@@ -313,22 +313,23 @@ function drawLine() {
     label("Patient", bySubject.get(p.subject).map(q =>
         [q.at, `trial ${q.trial} \u00b7 ${data.scenarios[q.scenario]} \u00b7 ${q.result || states[q.state]}`]), p.at,
         at => { view.patient = at; });
+    const end = p.state !== repeated ? p.result || states[p.state] : (p.result || "none") +
+        " (this row repeats another, or its case came twice: the end may be another patient's)";
     element(section, "p", `${data.subjects[p.subject]}, trial ${p.trial}, ${data.scenarios[p.scenario]}, began ` +
-        `${p.start}. Hidden disease: ${p.disease}. End: ` + (p.state === repeated ? `${p.result || "none"} (this row ` +
-        "repeats another, or its case came twice: its values are no patient's own)" : p.result || states[p.state]) + (p.duration === null ? "." :
+        `${p.start}. Hidden disease: ${p.disease}. End: ${end}` + (p.duration === null ? "." :
         ` after ${seconds(p.duration)}, health ${number(p.health, 1)}.`) +
         (p.chance === null ? "" : ` Belief in it ${number(p.belief, 2)}, computed chance ${number(p.chance, 2)}.`));
     const pair = element(section, "div", undefined, "pair");
     const left = element(pair, "div"), right = element(pair, "div");
     const last = d3.max(p.events, e => e[0]) || 0;
-    const end = Math.max(last, p.duration || 0, 1);
+    const whole = Math.max(last, p.duration || 0, 1);
     const area = plot(left, "Time line", 420, 84);
-    const x = d3.scaleLinear([0, end], [area.left + 8, area.right - 8]);
+    const x = d3.scaleLinear([0, whole], [area.left + 8, area.right - 8]);
     const y = d3.scaleLinear([0, 100], [230, area.top]);
-    const step = [1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 1800, 3600].find(s => end / s <= 9) || 7200;
+    const step = [1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 1800, 3600].find(s => whole / s <= 9) || 7200;
     const lanes = d3.scalePoint(["Notes", "Tests", "Diagnoses", "Treatments"], [262, area.bottom - 22]);
     area.svg.append("g").attr("transform", `translate(0,${area.bottom})`)
-        .call(d3.axisBottom(x).tickValues(d3.range(0, end + 0.1, step)).tickFormat(seconds));
+        .call(d3.axisBottom(x).tickValues(d3.range(0, whole + 0.1, step)).tickFormat(seconds));
     area.svg.append("g").attr("transform", `translate(${area.left},0)`).call(d3.axisLeft(y).ticks(5));
     area.svg.append("text").attr("class", "title").attr("x", (area.left + area.right) / 2).attr("y", area.bottom + 36)
         .attr("text-anchor", "middle").text("Real time since the start of the patient");
