@@ -64,8 +64,8 @@ std::optional<std::int64_t> secondOf(const engine::Value& date, const engine::Va
     const std::chrono::sys_days days = std::chrono::year((*day)[0]) /
                                        std::chrono::month(static_cast<unsigned>((*day)[1])) /
                                        std::chrono::day(static_cast<unsigned>((*day)[2]));
-    return std::int64_t{days.time_since_epoch().count()} * 86400 + (*clock)[0] * 3600 + (*clock)[1] * 60 +
-           (*clock)[2];
+    const auto [hour, minute, second] = *clock;
+    return ((std::int64_t{days.time_since_epoch().count()} * 24 + hour) * 60 + minute) * 60 + second;
 }
 
 std::optional<int> secondsOfDuration(const engine::Value& value) {
@@ -280,10 +280,9 @@ std::optional<int> firstOf(const Patient& patient, Action action) {
 
 const std::vector<Hypothesis>& lastBeliefs(const Patient& patient) {
     static const std::vector<Hypothesis> none;
-    for (auto event = patient.events.rbegin(); event != patient.events.rend(); ++event) {
-        if (event->action == Action::Diagnose) return event->beliefs;
-    }
-    return none;
+    const auto last = std::find_if(patient.events.rbegin(), patient.events.rend(),
+                                   [](const Event& event) { return event.action == Action::Diagnose; });
+    return last == patient.events.rend() ? none : last->beliefs;
 }
 
 int find(const Study& study, std::string_view subject, int trial) {

@@ -37,6 +37,7 @@ void takeScores(Figures& all, std::span<const Patient* const> patients) {
     for (int place = 1; place <= places; ++place)
         all.scores.push_back(spreadOf(byPlace[place]).value_or(Spread{0, {}}));
     std::vector<double> lasts;
+    lasts.reserve(last.size());
     for (const auto& [subject, score] : last) lasts.push_back(score);
     all.score = spreadOf(lasts);
 }

@@ -14,17 +14,18 @@ namespace {
 /// Kim has two patients, one in a diagnosis with beliefs, a repetition by the experimenter's key, and one
 /// without an end; the other subject a case that came twice, under the same identifiers.
 const char* const rows = R"(
-INSERT INTO dataTrial (Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, ActualTime,
-    EndHealth, Diagnoses, DiseaseBelief, pDisease, Result, Saved) VALUES
-  ('Kim', 'Plain', '2026-01-05', '23:59:30', 1, 1, '10', 'Aavo', 90, '1:05', 40.5, 1, '0.70', '0.29', 'Saved', 1),
+INSERT INTO dataTrial (Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score,
+    ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease, Result, Saved) VALUES
+  ('Kim', 'Plain', '2026-01-05', '23:59:30', 1, 1, '10', 'Aavo', 90, '1:05', 40.5, 1, '0.70', '0.29',
+   'Saved', 1),
   ('KIM', 'Plain', '2026-01-06', '00:10:00', 2, 2, '01', 'Bexo', 70, '0:30', 0, 0, '0', '0.80', 'Dead', NULL),
   ('Kim', 'Plain', '2026-01-06', '00:11:00', 3, 2, '01', 'Bexo', 70, '0:30', 0, 0, '0', '0.80',
    'Aborted by Options', NULL),
-  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:00:00', 1, 1, '11', 'Aavo', 50, '0:20', 9, 1, '1.00', '1.00', 'Dead',
-   NULL),
-  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:05:00', 1, 1, '11', 'Aavo', 50, NULL, NULL, NULL, NULL, NULL, NULL,
-   NULL),
-  ('kim', 'Plain', '2026-01-06', '00:12:00', 4, 3, '00', 'Aavo', 70, NULL, NULL, NULL, NULL, NULL, NULL, NULL);
+  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:00:00', 1, 1, '11', 'Aavo', 50, '0:20', 9, 1, '1.00', '1.00',
+   'Dead', NULL);
+INSERT INTO dataTrial (Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score) VALUES
+  ('<b>O''Brien & é', 'Plain', '2026-01-06', '10:05:00', 1, 1, '11', 'Aavo', 50),
+  ('kim', 'Plain', '2026-01-06', '00:12:00', 4, 3, '00', 'Aavo', 70);
 INSERT INTO dataEvents (EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output) VALUES
   ('Kim01_001', 'Kim', 1, '2026-01-06', '00:00:10', '08:40', '92.1 ', 'Testing', 'TestPosition1', -1),
   ('Kim01_002', 'Kim', 1, '2026-01-06', '00:00:15', '08:45', '91.0 ', 'Diagnose', 'HypothesisPosition01', 0),
