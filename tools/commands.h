@@ -45,4 +45,7 @@ void printFindings(const std::vector<check::Finding>& findings);
 /// Writes a page with plots and tables of the results.
 Command report(CLI::App& program);
 
+/// Writes the results of a store as a dataset.
+Command exportData(CLI::App& program);
+
 }  // namespace commands

@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
         commands::update(app),
         commands::check(app),
         commands::status(app),
+        commands::exportData(app),
         commands::plain(app),
         commands::merge(app),
         commands::report(app),

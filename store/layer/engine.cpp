@@ -220,6 +220,17 @@ Rows query(Connection& database, const std::string& sql, std::span<const Value> 
     return result;
 }
 
+void eachRow(Connection& database, const std::string& sql,
+             const std::function<void(std::vector<Value>& row)>& take) {
+    const Statement statement = prepare(database, sql);
+    std::vector<Value> row(static_cast<std::size_t>(sqlite3_column_count(statement.get())));
+    while (step(database, statement.get())) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            row[i] = columnValue(statement.get(), static_cast<int>(i));
+        take(row);
+    }
+}
+
 std::vector<std::string> columnsOf(Connection& database, const std::string& sql) {
     return columnNames(prepare(database, sql).get());
 }

@@ -57,6 +57,11 @@ Database create(const std::string& path, const std::string& password);
 void lock(Connection& database);
 
 Rows query(Connection& database, const std::string& sql, std::span<const Value> values = {});
+
+/// Hands over the rows of a selection one by one, for tables that are larger than what memory should hold.
+void eachRow(Connection& database, const std::string& sql,
+             const std::function<void(std::vector<Value>& row)>& take);
+
 std::vector<std::string> columnsOf(Connection& database, const std::string& sql);
 void execute(Connection& database, const std::string& sql, std::span<const Value> values = {});
 
