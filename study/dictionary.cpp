@@ -16,7 +16,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 using enum schema::ColumnType;
 
-/// What the list of tables leaves out. Without a table it holds for that column of any table.
+/// What the list of tables leaves out. Without a table it holds for that column of any table of results.
 struct Detail {
     std::string_view table, column, unit, empty;
     std::optional<double> least = {};
@@ -26,6 +26,14 @@ struct Detail {
 constexpr std::string_view neverEnded = "the patient never ended: the program was closed before";
 
 const std::array details{
+    Detail{"tblAppDefault", "Time", "minutes", "not written", 1, 30},
+    Detail{"tblAppDefault", "SimRate", "simulated hours in a minute", "not written", 1, 20},
+    Detail{"tblAppDefault", "StartHour", "hour", "not written", 0, 12},
+    Detail{"tblAppDefault", "StartMin", "minute", "not written", 0, 59},
+    Detail{"tblAppDefault", "InitScore", "points of score", "not written"},
+    Detail{"tblAppDefault", "TestCost", "points of score", "not written"},
+    Detail{"tblAppDefault", "MaxBeliefCost", "points of score", "not written"},
+    Detail{"tblAppDefault", "HealAward", "points of score for a point of health", "not written"},
     Detail{"SubjectInfo", "Age", "years", "not written", 0},
     Detail{"dataTrial", "PatientID", "place, from 1", "not written", 1, 32767},
     Detail{"dataTrial", "TestResults", "digits 0 and 1, as text", "not written"},
@@ -98,8 +106,8 @@ Json jsonOf(const Variable& variable) {
     Json json{{"@type", "PropertyValue"}, {"name", variable.name}};
     json["description"] = described(variable) + ".";
     json["unitText"] = variable.unit;
-    if (variable.least) json["minValue"] = *variable.least;
-    if (variable.most) json["maxValue"] = *variable.most;
+    if (variable.least) json["minValue"] = static_cast<std::int64_t>(*variable.least);
+    if (variable.most) json["maxValue"] = static_cast<std::int64_t>(*variable.most);
     return json;
 }
 
@@ -133,7 +141,9 @@ Variable ofColumn(const schema::Table& table, const std::string& column) {
     }
     Variable variable = plain(*known);
     const auto detail = std::ranges::find_if(details, [&](const Detail& candidate) {
-        return candidate.column == known->name && (candidate.table.empty() || candidate.table == table.name);
+        return candidate.column == known->name &&
+               (candidate.table == table.name ||
+                (candidate.table.empty() && table.kind == schema::Kind::Result));
     });
     if (detail == details.end()) return variable;
     return {variable.name, variable.meaning, std::string(detail->unit), std::string(detail->empty),

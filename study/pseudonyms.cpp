@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::size_t fewestDigits = 2;  // of a trial in an identifier
 constexpr std::size_t mostDigits = 5;
+constexpr const char* head = "Pseudonym,Subject\n";
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -53,6 +54,15 @@ std::optional<std::pair<std::size_t, std::size_t>> ownerOf(const Key& key, const
     return without;
 }
 
+void readLine(Key& key, const csv::Line& line) {
+    if (line.fields.size() != 2 || line.fields[0].text.empty())
+        throw csv::Problem{line.number, "has not one pseudonym and one name"};
+    const std::string& name = line.fields[1].text;
+    if (find(key, name) || !key.taken.insert(line.fields[0].text).second)
+        throw csv::Problem{line.number, "has a pseudonym or a name that stands above"};
+    place(key, {name, line.fields[0].text});
+}
+
 }  // namespace
 
 Key read(const std::string& file) {
@@ -62,26 +72,19 @@ Key read(const std::string& file) {
         if (fs::exists(file)) throw std::runtime_error(file + ": cannot be read");
         return key;
     }
-    const std::vector<csv::Line> lines = csv::parse(*bytes);
-    for (const csv::Line& line : lines) {
-        const bool whole = line.fields.size() == 2 && !line.fields[0].text.empty();
-        if (!whole)
-            throw std::runtime_error(fmt::format("{}, line {}: is no line of a key", file, line.number));
-        if (&line == &lines.front()) {
-            if (line.fields[0].text != "Pseudonym" || line.fields[1].text != "Subject")
-                throw std::runtime_error(file + " is no key file of an export");
-            continue;
-        }
-        if (find(key, line.fields[1].text) || !key.taken.insert(line.fields[0].text).second)
-            throw std::runtime_error(fmt::format("{}, line {}: stands twice", file, line.number));
-        place(key, {line.fields[1].text, line.fields[0].text});
+    if (!bytes->starts_with(head)) throw std::runtime_error(file + " is no key file of an export");
+    const std::string lines = bytes->substr(std::string_view(head).size());
+    try {
+        for (const csv::Line& line : csv::parse(lines)) readLine(key, line);
+    } catch (const csv::Problem& problem) {
+        throw std::runtime_error(fmt::format("{}, line {}: {}", file, problem.line + 1, problem.text));
     }
     return key;
 }
 
 void write(const Key& key, const std::string& file) {
     const std::string draft = file + ".new";
-    std::string bytes = "Pseudonym,Subject\n";
+    std::string bytes = head;
     for (const Subject& subject : key.subjects)
         bytes += subject.pseudonym + ',' + datasetFile::field(subject.name) + '\n';
     datasetFile::write(draft, "");

@@ -232,7 +232,7 @@ std::vector<Variable> outcomeColumns() {
     return {
         {"result",
          "how the patient ended: Dead, Saved, Time End, Correct Treatment, Wrong Treatment, "
-         "Diagnosed Wrong or Aborted by Options",
+         "Diagnosed Right, Diagnosed Wrong or Aborted by Options",
          "word", noEnd},
         {"saved", "whether the patient was saved", "1 for yes, 0 for no", noEnd, 0, 1},
         {"end_time", "time of day at the end", "hh:mm:ss", noEnd},
@@ -271,7 +271,7 @@ std::vector<Variable> outcomeColumns() {
          "twice), closed (the patient never ended), aborted (by the experimenter's key), repeats the "
          "patient before (that key between two patients; no patient), rewritten end (the end was "
          "written over), stale texts (the raw row holds texts of an earlier patient)",
-         "text", "never"},
+         "text", "does not occur"},
     };
 }
 
