@@ -132,6 +132,7 @@ std::vector<int> sortedByName(const Sheet& sheet) {
     }
     std::ranges::sort(names);
     std::vector<int> rows;
+    rows.reserve(names.size());
     for (const auto& [name, row] : names) rows.push_back(row);
     return rows;
 }
