@@ -228,9 +228,9 @@ void designScore(FrmTavix& f) {
     label(in, NAMED(f, tagBeliefDiff), {90, 975, 1200, 210}, "Belief Diff:").look = smallText;
     tagged(label(in, NAMED(f, lblDiffScore), {1740, 975, 705, 210}), f.tagBeliefDiff).look = smallRight;
     label(in, NAMED(f, tagPenaltyScore), {90, 1215, 900, 210}, "Penalty").look = smallText;
-    label(in, NAMED(f, tagPenaltyCalc), {90, 1425, 1665, 210}).look = smallText;
-    label(in, NAMED(f, lblEqual), {1755, 1425, 285, 210}, " = -").look = smallText;
-    tagged(label(in, NAMED(f, lblPenaltyCalc), {1995, 1425, 450, 210}), f.tagPenaltyScore).look = smallRight;
+    label(in, NAMED(f, tagPenaltyCalc), {90, 1425, 2355, 210}).look = smallText;
+    label(in, NAMED(f, lblEqual), {1755, 1215, 285, 210}, " = -").look = smallText;
+    tagged(label(in, NAMED(f, lblPenaltyCalc), {1995, 1215, 450, 210}), f.tagPenaltyScore).look = smallRight;
     label(in, NAMED(f, tagScoreChange), {90, 1710, 1500, 210}, "Score Change:").look = smallBold;
     tagged(label(in, NAMED(f, lblScoreChange), {1740, 1710, 705, 210}), f.tagScoreChange).look =
         smallBoldRight;

@@ -57,6 +57,7 @@ QMessageBox* make(const MessageBox& box) {
         widget->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     }
     if (!box.title.empty()) widenForTitle(*widget);
+    formWindow::keepUp(*widget);
     hookEvents(widget,
                [question = box.buttons != Buttons::Ok](QEvent* event) { return drops(event, question); });
     return widget;

@@ -128,6 +128,7 @@ Face meter(Control& control, QWidget* parent) {
     bar->setSingleStep(control.smallChange);
     bar->setPageStep(control.largeChange);
     bar->setFocusPolicy(Qt::StrongFocus);
+    bar->setInvertedControls(false);  // Left lowers, Up raises
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     const auto show = [bar, &control] { showRange(*bar, control); };
     onPerson(

@@ -131,6 +131,7 @@ Face tabs(Control& control, QWidget* parent) {
     pages.bar->setDrawBase(false);
     pages.bar->setExpanding(false);
     pages.bar->setUsesScrollButtons(false);
+    hookEvents(pages.bar, [](QEvent* event) { return event->type() == QEvent::Wheel; });
     whole->setFocusProxy(pages.bar);
     for (const std::string& caption : control.items) {
         pages.bar->addTab(toQt(caption));

@@ -288,6 +288,7 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);  // a completion would be a change that nobody typed
     box->setMaxVisibleItems(12);
+    box->setFocusPolicy(Qt::StrongFocus);  // the wheel alone gives no focus, and so chooses nothing
     QWidget* arrow = makeArrow(box);
     QLineEdit* edit = box->lineEdit();
     edit->setPlaceholderText(toQt(control.prompt));

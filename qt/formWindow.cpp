@@ -89,21 +89,6 @@ void hookFullScreen(QWidget& widget) {
     });
 }
 
-/// Whoever minimises a dialog would be left with a program that takes no input.
-void hookMinimising(QWidget& widget) {
-    hookEvents(&widget, [&widget](QEvent* event) {
-        if (event->type() != QEvent::WindowStateChange || !widget.isMinimized()) return false;
-        QTimer::singleShot(0, &widget, [&widget] {
-            edge::guard([&widget] {
-                if (!widget.isVisible()) return;
-                widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
-                widget.activateWindow();
-            });
-        });
-        return false;
-    });
-}
-
 void makeMain(Control& form, QWidget& widget) {
     const QRect screen = screenOf(widget);
     const QSize room(qRound(screen.width() * shareOfScreen),
@@ -167,8 +152,22 @@ void make(Control& form, std::function<void()> layOut) {
     if (isMain(form)) {
         makeMain(form, *widget);
     } else {
-        hookMinimising(*widget);
+        keepUp(*widget);
     }
+}
+
+void keepUp(QWidget& widget) {
+    hookEvents(&widget, [&widget](QEvent* event) {
+        if (event->type() != QEvent::WindowStateChange || !widget.isMinimized()) return false;
+        QTimer::singleShot(0, &widget, [&widget] {
+            edge::guard([&widget] {
+                if (!widget.isVisible()) return;
+                widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
+                widget.activateWindow();
+            });
+        });
+        return false;
+    });
 }
 
 void fit(Control& form) {

@@ -14,6 +14,10 @@ void make(Control& form, std::function<void()> layOut);
 /// The main screen's controls have come or gone: its content takes the room that there is.
 void fit(Control& form);
 
+/// A dialog or box that is minimised comes back: whoever minimises it would be left with a program that takes
+/// no input.
+void keepUp(QWidget& widget);
+
 QWidget* of(const Control& form);
 
 /// The main screen's, over which dialogs and boxes stand.

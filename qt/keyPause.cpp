@@ -13,18 +13,19 @@ namespace keyPause {
 
 namespace {
 
-constexpr qint64 quiet = 500;  // milliseconds
+constexpr int quiet = 500;  // milliseconds
 
 std::map<QWidget*, qint64> pausing;  // since when
 std::set<QWidget*> buttons;          // that have paused
 std::set<quint32> down;              // keys, by the keyboard's code
-qint64 lastKey = 0;
 
-struct Release {
+/// Keys are told by the keyboard's time, milliseconds: a program that is busy sees them late.
+struct Stroke {
     quint32 key = 0;
-    quint64 time = 0;  // of the keyboard, milliseconds
+    quint64 time = 0;
 };
-Release lastRelease;
+Stroke lastStroke;
+Stroke lastRelease;
 
 qint64 now() {
     static const QElapsedTimer clock = [] {
@@ -41,11 +42,11 @@ bool wouldGet(const QWidget& widget, const QWindow& window) {
 }
 
 /// Whether a key for the window comes too early. The first that does not ends the pause.
-bool isTooEarly(const QWindow& window) {
+bool isTooEarly(const QWindow& window, quint64 time) {
     const auto found = std::find_if(pausing.begin(), pausing.end(),
                                     [&](const auto& entry) { return wouldGet(*entry.first, window); });
     if (found == pausing.end()) return false;
-    if (!down.empty() || now() - std::max(found->second, lastKey) < quiet) return true;
+    if (!down.empty() || now() - found->second < quiet || time - lastStroke.time < quiet) return true;
     pausing.erase(found);
     return false;
 }
@@ -57,10 +58,10 @@ bool isModifier(int key) {
 }
 
 void note(const QKeyEvent& event) {
-    lastKey = now();
+    lastStroke = {event.nativeScanCode(), event.timestamp()};
     if (event.type() == QEvent::KeyRelease) {
         down.erase(event.nativeScanCode());
-        lastRelease = {event.nativeScanCode(), event.timestamp()};
+        lastRelease = lastStroke;
     } else if (!isModifier(event.key())) {
         down.insert(event.nativeScanCode());
     }
@@ -72,8 +73,10 @@ bool drops(QObject* object, QEvent* event) {
     const QEvent::Type type = event->type();
     if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride)
         return false;
-    const bool early = type != QEvent::KeyRelease && isTooEarly(*static_cast<QWindow*>(object));
-    if (type != QEvent::ShortcutOverride) note(*static_cast<QKeyEvent*>(event));
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool early =
+        type != QEvent::KeyRelease && isTooEarly(*static_cast<QWindow*>(object), key.timestamp());
+    if (type != QEvent::ShortcutOverride) note(key);
     if (early) event->accept();
     return early;
 }

@@ -100,10 +100,12 @@ QCheckBox, QRadioButton { color: @text; padding-left: #2px; spacing: #6px; borde
 QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
 QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
 QCheckBox::indicator, QRadioButton::indicator { width: #15px; height: #15px; }
-QCheckBox::indicator:unchecked, QRadioButton::indicator:unchecked { width: #13px; height: #13px;
+QCheckBox::indicator:unchecked, QRadioButton::indicator { width: #14px; height: #14px;
     border: 1px solid @outline; background: @field; border-radius: #2px; }
-QRadioButton::indicator:unchecked { border-radius: #7px; }
-QTabBar { background: transparent; }
+QRadioButton::indicator { border-radius: #7px; }
+QRadioButton::indicator:checked { background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5,
+    stop: 0 @text, stop: 0.5 @text, stop: 0.56 @field, stop: 1 @field); }
+QTabBar { background: transparent; outline: none; }
 QTabBar::tab { background: @window; color: @faint; border: 1px solid @border; padding: 0px #14px;
     border-top-left-radius: #6px; border-top-right-radius: #6px; margin-right: #3px; height: #24px; }
 QTabBar::tab:selected { background: @card; color: @text; border-bottom-color: @card; border-top: #3px solid @accent;

@@ -5,21 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "study/finding.h"
+
 namespace check {
-
-enum class Grade {
-    Error,    ///< a session would end or misbehave
-    Warning,  ///< legal, rarely meant
-    Note,
-};
-
-struct Finding {
-    Grade grade;
-    std::string table;
-    int row;             ///< from 1, as the table delivers its rows; 0 where it belongs to no row
-    std::string column;  ///< empty where it belongs to no column
-    std::string text;    ///< what is wrong, and what it does to a session
-};
 
 /// The folder above `data/` in which a store stands, or the folder of the store if that has the patients;
 /// empty for a store that stands elsewhere.

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "store/layer/engine.h"
-#include "study/check.h"
+#include "study/finding.h"
 
 namespace check {
 

@@ -84,6 +84,7 @@ std::string fileName(const Export& all, std::string_view table) {
 datasetFile::File beginData(Export& all, std::string_view table,
                             std::vector<dictionary::Variable> variables) {
     std::vector<std::string> columns;
+    columns.reserve(variables.size());
     for (const dictionary::Variable& variable : variables) columns.push_back(variable.name);
     const std::string path = (all.draft / "data" / fileName(all, table)).string();
     datasetFile::write(path + ".json", dictionary::ofFile(variables));

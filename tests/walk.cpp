@@ -100,14 +100,18 @@ std::string nextAct() {
 }
 
 void note(const Control& control, Property property) {
+    if (property == Property::Press) return;
     static const std::map<Property, std::string> names{
         {Property::Place, "height"},    {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
         {Property::Caption, "caption"}, {Property::Text, "text"},       {Property::Selection, "selStart"},
         {Property::Items, "items"},     {Property::Value, "value"},     {Property::Range, "max"},
         {Property::Design, "visible"},  {Property::Focus, "focus"},     {Property::Interval, "interval"},
         {Property::Columns, "columns"}};
+    const auto name = names.find(property);
+    // Not as an exception: it would end the walk as a fault of the program does.
+    if (name == names.end()) std::abort();
     const bool list = control.kind == Kind::ListBox && property == Property::Selection;
-    changed.insert(fullName(control) + "." + (list ? "selected" : names.at(property)));
+    changed.insert(fullName(control) + "." + (list ? "selected" : name->second));
 }
 
 /// Asks for some of what has changed, and for a field of the run.

@@ -9,15 +9,9 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Print the help of every command and exit");
     const std::vector<commands::Command> all{
-        commands::create(app),
-        commands::tables(app),
-        commands::update(app),
-        commands::check(app),
-        commands::status(app),
-        commands::exportData(app),
-        commands::plain(app),
-        commands::merge(app),
-        commands::report(app),
+        commands::create(app), commands::tables(app), commands::update(app),
+        commands::check(app),  commands::status(app), commands::exportData(app),
+        commands::plain(app),  commands::merge(app),  commands::report(app),
     };
     app.footer("tavixdb COMMAND --help tells the arguments of a command.");
     try {

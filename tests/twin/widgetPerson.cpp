@@ -76,13 +76,15 @@ QWidget* keyTarget(QWidget* widget) {
     return target;
 }
 
-/// Where a person would press: on the mark of a box, on the selected line of a list, else in the middle.
+/// Where a person would press: beside what stands in a frame, on the mark of a box, on the selected line of a
+/// list, else in the middle.
 QPoint placeToPress(const Control& control, const QWidget& widget) {
     if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
         const QList<QListWidgetItem*> chosen = list->selectedItems();
         return chosen.isEmpty() ? list->viewport()->rect().bottomLeft() + QPoint(8, -8)
                                 : list->visualItemRect(chosen.first()).center();
     }
+    if (control.kind == Kind::Frame || control.kind == Kind::Form) return {3, 3};
     const bool marked = control.kind == Kind::TickBox || control.kind == Kind::OptionButton;
     return marked ? QPoint(10, widget.height() / 2) : widget.rect().center();
 }
