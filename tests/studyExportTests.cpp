@@ -1,4 +1,5 @@
 // A dataset made from a store: the tidy tables' rows, the dictionary, and names that must not be anywhere.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,6 +15,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
 class Export : public testing::Test {
 protected:
     TemporaryStudy study;
@@ -22,7 +30,7 @@ protected:
     void insert(const std::string& table, const std::string& columns,
                 const std::vector<std::string>& rows) const {
         for (const std::string& row : rows)
-            study.change("INSERT INTO " + table + "(" + columns + ") VALUES (" + row + ")");
+            study.change(fmt::format("INSERT INTO {} ({}) VALUES ({})", table, columns, row));
     }
     std::vector<std::string> write(const std::string& folder, const std::string& key = {},
                                    bool keepTexts = false) const {
@@ -71,37 +79,24 @@ protected:
             "dataTrial",
             "Subject, Trial, Setting, Date, StartTime, PatientID, TestResults, Disease, SimTime, EndHealth, "
             "Diagnoses, Treatments, Guess, GuessBelief, Result, Saved",
-            {// an end; a tie; a case that came twice, of which the end stands in the first row
-             "'Élodie', 1, 'plain', '2026-01-05', '09:00:00', 2, '000011', 'Aavo', '01:05', 56.5, 2, 0, "
-             "'Aavo "
-             "60%', '0.60', 'Time End', NULL",
-             "'ÉLODIE', 2, 'Plain', '2026-01-05', '23:59:58', 1, '100', 'Aavo', '00:05', 100.0, 1, 0, 'x', "
-             "'0.50', 'Time End', 1",
-             "'Élodie', 3, 'Plain', '2026-01-06', '10:00:00', 1, '100', 'Brill', '00:05', 7, 0, 0, 'None', "
-             "'0.50', 'Dead', NULL",
-             "'Élodie', 3, 'Plain', '2026-01-06', '10:05:00', 1, '100', 'Brill', NULL, NULL, NULL, NULL, "
-             "NULL, "
-             "NULL, NULL, NULL",
-             "'kim', 112, 'Gone', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', "
-             "'0.00', "
-             "'Aborted by Options', NULL",
-             "'kim', 113, 'Four', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', "
-             "'0.00', "
-             "'Aborted by Options', NULL"});
+
+            // An end; a tie; a case that came twice, of which the end stands in the first row.
+            linesOf(
+                R"('Élodie', 1, 'plain', '2026-01-05', '09:00:00', 2, '000011', 'Aavo', '01:05', 56.5, 2, 0, 'Aavo 60%', '0.60', 'Time End', NULL
+'ÉLODIE', 2, 'Plain', '2026-01-05', '23:59:58', 1, '100', 'Aavo', '00:05', 100.0, 1, 0, 'x', '0.50', 'Time End', 1
+'Élodie', 3, 'Plain', '2026-01-06', '10:00:00', 1, '100', 'Brill', '00:05', 7, 0, 0, 'None', '0.50', 'Dead', NULL
+'Élodie', 3, 'Plain', '2026-01-06', '10:05:00', 1, '100', 'Brill', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL
+'kim', 112, 'Gone', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00', 'Aborted by Options', NULL
+'kim', 113, 'Four', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00', 'Aborted by Options', NULL)"));
         insert(
             "dataEvents", "EventID, Subject, Trial, Date, Time, Action, Input, Output, DiagnosisID",
-            {"'Élodie01_001', 'Élodie', 1, '2026-01-05', '09:00:07', 'AddSymptom', 'Élodie sees', 0, "
-             "'Élodie01_00'",
-             "'Élodie01_002', 'Élodie', 1, '2026-01-05', '09:00:09', 'Testing', 'TestPosition2', -1, "
-             "'Élodie01_00'",
-             "'Élodie01_003', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition01', 0, "
-             "'Élodie01_01'",
-             "'Élodie01_004', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition02', 0, "
-             "'Élodie01_02'",
-             "'ÉLODIE02_001', 'ÉLODIE', 2, '2026-01-06', '00:00:01', 'Diagnose', 'HypothesisPosition01', 0, "
-             "'ÉLODIE02_01'",
-             "'Élodie03_001', 'Élodie', 3, '2026-01-06', '10:06:00', 'RemoveSymptom', 'Élodie sees', 0, "
-             "NULL"});
+            linesOf(
+                R"('Élodie01_001', 'Élodie', 1, '2026-01-05', '09:00:07', 'AddSymptom', 'Élodie sees', 0, 'Élodie01_00'
+'Élodie01_002', 'Élodie', 1, '2026-01-05', '09:00:09', 'Testing', 'TestPosition2', -1, 'Élodie01_00'
+'Élodie01_003', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition01', 0, 'Élodie01_01'
+'Élodie01_004', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition02', 0, 'Élodie01_02'
+'ÉLODIE02_001', 'ÉLODIE', 2, '2026-01-06', '00:00:01', 'Diagnose', 'HypothesisPosition01', 0, 'ÉLODIE02_01'
+'Élodie03_001', 'Élodie', 3, '2026-01-06', '10:06:00', 'RemoveSymptom', 'Élodie sees', 0, NULL)"));
         insert("dataGetSymptoms", "EventID, ListItem", {"'Élodie01_001', 'Élodie sees'"});
         insert("dataGetTests", "EventID, Test", {"'kim112_001', 'Rash'", "'nobody01_001', 'Rash'"});
         insert("dataHypotheses", "EventID, [Order], Guess, Belief",

@@ -1,5 +1,6 @@
 // Stores while and after stations work on them: how far a study is, a copy without a password, several
 // stations made one.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -51,8 +52,8 @@ TEST(Stations, TellHowFarTheStudyIs) {
         "INSERT INTO dataTreatments (Number) SELECT i FROM n");
     std::string told;
     for (const auto& [name, scenario, p, last] : storeStatus::read(study.storePath()).subjects)
-        told += name + scenario + std::to_string(p.finished) + std::to_string(p.aborted) +
-                std::to_string(p.brokenOff) + std::to_string(p.open) + last + "/";
+        told +=
+            fmt::format("{}{}{}{}{}{}{}/", name, scenario, p.finished, p.aborted, p.brokenOff, p.open, last);
     EXPECT_EQ(told, "benplain00012026-01-05 09:09:30/Kimplain11102026-01-05 09:05:00/");
     const storeStatus::Status status = storeStatus::read(study.storePath());
     EXPECT_EQ(status.scenarios[1].name + std::to_string(status.scenarios[1].subjects), "Plain2");
