@@ -15,11 +15,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
+/// Rows of values as SQL, with semicolons between them.
+std::vector<std::string> rowsOf(const std::string& text) {
+    std::vector<std::string> rows;
     std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
+    for (std::string row; std::getline(in, row, ';');) rows.push_back(row);
+    return rows;
 }
 
 class Export : public testing::Test {
@@ -81,21 +82,30 @@ protected:
             "Diagnoses, Treatments, Guess, GuessBelief, Result, Saved",
 
             // An end; a tie; a case that came twice, of which the end stands in the first row.
-            linesOf(
-                R"('Élodie', 1, 'plain', '2026-01-05', '09:00:00', 2, '000011', 'Aavo', '01:05', 56.5, 2, 0, 'Aavo 60%', '0.60', 'Time End', NULL
-'ÉLODIE', 2, 'Plain', '2026-01-05', '23:59:58', 1, '100', 'Aavo', '00:05', 100.0, 1, 0, 'x', '0.50', 'Time End', 1
-'Élodie', 3, 'Plain', '2026-01-06', '10:00:00', 1, '100', 'Brill', '00:05', 7, 0, 0, 'None', '0.50', 'Dead', NULL
-'Élodie', 3, 'Plain', '2026-01-06', '10:05:00', 1, '100', 'Brill', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL
-'kim', 112, 'Gone', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00', 'Aborted by Options', NULL
-'kim', 113, 'Four', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00', 'Aborted by Options', NULL)"));
-        insert(
-            "dataEvents", "EventID, Subject, Trial, Date, Time, Action, Input, Output, DiagnosisID",
-            linesOf(
-                R"('Élodie01_001', 'Élodie', 1, '2026-01-05', '09:00:07', 'AddSymptom', 'Élodie sees', 0, 'Élodie01_00'
-'Élodie01_002', 'Élodie', 1, '2026-01-05', '09:00:09', 'Testing', 'TestPosition2', -1, 'Élodie01_00'
-'Élodie01_003', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition01', 0, 'Élodie01_01'
-'Élodie01_004', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition02', 0, 'Élodie01_02'
-'ÉLODIE02_001', 'ÉLODIE', 2, '2026-01-06', '00:00:01', 'Diagnose', 'HypothesisPosition01', 0, 'ÉLODIE02_01'
+            rowsOf(
+                R"('Élodie', 1, 'plain', '2026-01-05', '09:00:00', 2, '000011', 'Aavo', '01:05', 56.5, 2, 0,
+ 'Aavo 60%', '0.60', 'Time End', NULL;
+'ÉLODIE', 2, 'Plain', '2026-01-05', '23:59:58', 1, '100', 'Aavo', '00:05', 100.0, 1, 0, 'x',
+ '0.50', 'Time End', 1;
+'Élodie', 3, 'Plain', '2026-01-06', '10:00:00', 1, '100', 'Brill', '00:05', 7, 0, 0, 'None',
+ '0.50', 'Dead', NULL;
+'Élodie', 3, 'Plain', '2026-01-06', '10:05:00', 1, '100', 'Brill', NULL, NULL, NULL, NULL, NULL,
+ NULL, NULL, NULL;
+'kim', 112, 'Gone', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00',
+ 'Aborted by Options', NULL;
+'kim', 113, 'Four', '2026-01-06', '10:05:00', 9, '1', 'Aavo', '00:05', 7, 0, 0, 'None', '0.00',
+ 'Aborted by Options', NULL)"));
+        insert("dataEvents", "EventID, Subject, Trial, Date, Time, Action, Input, Output, DiagnosisID",
+               rowsOf(
+                   R"('Élodie01_001', 'Élodie', 1, '2026-01-05', '09:00:07', 'AddSymptom', 'Élodie sees', 0,
+ 'Élodie01_00';
+'Élodie01_002', 'Élodie', 1, '2026-01-05', '09:00:09', 'Testing', 'TestPosition2', -1, 'Élodie01_00';
+'Élodie01_003', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition01', 0,
+ 'Élodie01_01';
+'Élodie01_004', 'Élodie', 1, '2026-01-05', '09:00:10', 'Diagnose', 'HypothesisPosition02', 0,
+ 'Élodie01_02';
+'ÉLODIE02_001', 'ÉLODIE', 2, '2026-01-06', '00:00:01', 'Diagnose', 'HypothesisPosition01', 0,
+ 'ÉLODIE02_01';
 'Élodie03_001', 'Élodie', 3, '2026-01-06', '10:06:00', 'RemoveSymptom', 'Élodie sees', 0, NULL)"));
         insert("dataGetSymptoms", "EventID, ListItem", {"'Élodie01_001', 'Élodie sees'"});
         insert("dataGetTests", "EventID, Test", {"'kim112_001', 'Rash'", "'nobody01_001', 'Rash'"});
