@@ -11,12 +11,13 @@
 
 #include "store/layer/engine.h"
 #include "study/finding.h"
+#include "study/limits.h"
 
 namespace check {
 
 constexpr int noRow = -1;
-constexpr int mostDiseases = 4;
-constexpr int mostSymptoms = 6;
+using limits::mostDiseases;
+using limits::mostSymptoms;
 
 struct Sheet {
     std::string name;

@@ -9,13 +9,14 @@
 
 #include "platform/numberText.h"
 #include "platform/text.h"
+#include "study/limits.h"
 #include "study/readStore.h"
 
 namespace storedWords {
 
 namespace {
 
-constexpr std::size_t mostDiseases = 4;
+constexpr std::size_t mostDiseases = limits::mostDiseases;
 
 using Words = std::vector<std::string>;
 

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "platform/text.h"
+#include "study/limits.h"
 #include "study/readStore.h"
 #include "study/rowStream.h"
 #include "study/tidyTables.h"
@@ -18,7 +19,7 @@ using engine::Value;
 using readStore::textOf;
 using Row = std::vector<Value>;
 
-constexpr std::size_t hypotheses = 4;  // rows of the dialog
+constexpr std::size_t hypotheses = limits::mostDiseases;
 
 /// Reading the events once more in their order, with what is in force of each patient.
 struct Reader {

@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "platform/text.h"
+#include "study/limits.h"
 #include "study/readStore.h"
 #include "study/rowStream.h"
 
@@ -17,7 +18,7 @@ using engine::Value;
 using readStore::textOf;
 using Row = std::vector<Value>;
 
-constexpr int hypotheses = 4;  // rows of the dialog
+constexpr int hypotheses = limits::mostDiseases;
 
 const std::string& folded(Index& index, const std::string& spelling) {
     const auto [place, isNew] = index.folded.try_emplace(spelling);
