@@ -31,7 +31,10 @@ std::string folderOf(const std::string& file) {
 }
 
 std::vector<Finding> look(const std::string& file, const std::string& folder) {
-    Study study = read(file, folder);
+    return look(of(sheetsOf(file), folder));
+}
+
+std::vector<Finding> look(Study study) {
     for (const auto& rule : rules) rule(study);
     std::ranges::stable_sort(study.findings, [](const Finding& a, const Finding& b) {
         return std::pair(placeOf(a.table), a.row) < std::pair(placeOf(b.table), b.row);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "study/finding.h"
+#include "study/checkStudy.h"
 
 namespace check {
 
@@ -16,6 +16,9 @@ std::string folderOf(const std::string& file);
 /// Reads the store and the files in `folder`/Patients. An empty folder leaves those files out, with a note.
 /// Findings stand in the order of tables and rows. Throws std::runtime_error for a file that cannot be read.
 std::vector<Finding> look(const std::string& file, const std::string& folder);
+
+/// The same for a study that is in memory.
+std::vector<Finding> look(Study study);
 
 /// "error", "warning" or "note".
 const char* wordFor(Grade grade);

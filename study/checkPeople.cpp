@@ -36,7 +36,7 @@ void judgePicture(Study& study, int row) {
     const Sheet& people = study.sheet("tblPatients");
     const std::string name = people.text(row, "Picture");
     try {
-        pictures::check(study.folder + "/Patients/" + name);
+        pictures::check(study.fileOf(name));
     } catch (const Fault& fault) {
         const bool missing = fault.number == static_cast<int>(FaultNumber::FileNotFound);
         study.error(people, row, "Picture",
@@ -48,7 +48,7 @@ void judgePicture(Study& study, int row) {
 void judgeIntro(Study& study, int row) {
     const Sheet& people = study.sheet("tblPatients");
     const std::string name = people.text(row, "Intro");
-    const std::optional<std::string> bytes = files::tryRead(study.folder + "/Patients/" + name);
+    const std::optional<std::string> bytes = files::tryRead(study.fileOf(name));
     if (!bytes) {
         study.error(
             people, row, "Intro",
@@ -86,7 +86,8 @@ void people(Study& study) {
     if (!sheet.there || !sheet.has("Name")) return;
     judgeSize(study);
     std::error_code failed;
-    const bool filesThere = !study.folder.empty() && fs::is_directory(study.folder + "/Patients", failed);
+    const bool filesThere = !study.folder.empty() &&
+                            (!study.drafts.empty() || fs::is_directory(study.folder + "/Patients", failed));
     if (study.folder.empty()) {
         study.note(sheet, noRow, "Picture",
                    "Pictures and introductions have not been looked at: the store does not stand in a "

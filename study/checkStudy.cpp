@@ -34,6 +34,11 @@ bool Sheet::isTrue(int row, std::string_view column) const {
     return numberText::toNumber(text(row, column)) != 0.0;
 }
 
+std::string Study::fileOf(const std::string& name) const {
+    const auto draft = drafts.find(name);
+    return draft == drafts.end() ? folder + "/Patients/" + name : draft->second;
+}
+
 void Study::add(Grade grade, const Sheet& sheet, int row, std::string_view column, std::string text) {
     if (row != noRow && !sheet.has(column)) return;  // the missing column has been told
     findings.push_back({grade, sheet.name, row + 1, std::string(column), std::move(text)});
@@ -180,8 +185,8 @@ void listScenarios(Study& study) {
 
 }  // namespace
 
-Study read(const std::string& file, const std::string& folder) {
-    Study study{.folder = folder};
+Sheets sheetsOf(const std::string& file) {
+    Sheets sheets;
     const engine::Database database = readStore::open(file);
     readStore::select(*database, "BEGIN");  // one moment of the store for all tables
     const engine::Rows names =
@@ -197,8 +202,13 @@ Study read(const std::string& file, const std::string& folder) {
         if (sheet.there)
             sheet.content =
                 readStore::select(*database, fmt::format("SELECT * FROM [{}]{}", table.name, rows));
-        study.sheets.emplace(sheet.name, std::move(sheet));
+        sheets.emplace(sheet.name, std::move(sheet));
     }
+    return sheets;
+}
+
+Study of(Sheets sheets, const std::string& folder) {
+    Study study{.folder = folder, .sheets = std::move(sheets)};
     listScenarios(study);
     return study;
 }

@@ -45,14 +45,19 @@ struct Scenario {
     bool usable = true;  ///< false where its name breaks the program's questions to the store
 };
 
+using Sheets = std::map<std::string, Sheet, std::less<>>;
+
 struct Study {
     std::string folder;
-    std::map<std::string, Sheet, std::less<>> sheets = {};
+    Sheets sheets = {};
+    std::map<std::string, std::string> drafts = {};  ///< files of Patients/ that stand elsewhere for now
     std::vector<Scenario> scenarios = {};
     std::set<int> badRates = {};  ///< rows of tblBaseRates with a count or a rate that cannot be taken
     std::vector<Finding> findings = {};
 
     [[nodiscard]] const Sheet& sheet(std::string_view table) const { return sheets.find(table)->second; }
+    /// Where the bytes of a file of Patients/ stand.
+    [[nodiscard]] std::string fileOf(const std::string& name) const;
     void add(Grade grade, const Sheet& sheet, int row, std::string_view column, std::string text);
     void error(const Sheet& sheet, int row, std::string_view column, std::string text);
     void warn(const Sheet& sheet, int row, std::string_view column, std::string text);
@@ -85,6 +90,10 @@ std::vector<int> wordRows(const Study& study, std::string_view type);
 /// The rows of a table in the order of their names, as the sign-in lists them.
 std::vector<int> sortedByName(const Sheet& sheet);
 
-Study read(const std::string& file, const std::string& folder);
+/// The tables of a store as of one moment. Of the results only those of the subjects have their rows here.
+Sheets sheetsOf(const std::string& file);
+
+/// A study of these tables, with its scenarios.
+Study of(Sheets sheets, const std::string& folder);
 
 }  // namespace check

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <functional>
 
 #include "platform/files.h"
 #include "platform/onLeave.h"
@@ -24,7 +25,9 @@ void writeStore(const readTables::Tables& tables, const std::string& file) {
     for (const schema::Table& table : schema::tables()) {
         storeTable::make(*database, table, tables.mostDiseases);
         const auto content = tables.contents.find(table.name);
-        if (content != tables.contents.end()) storeTable::fill(*database, table, content->second);
+        if (content == tables.contents.end()) continue;
+        storeTable::widen(*database, table, content->second);
+        storeTable::fill(*database, table, content->second);
     }
     engine::execute(*database, "COMMIT");
 }
@@ -56,7 +59,7 @@ std::string replace(const std::string& place, const std::string& draft) {
 }
 
 /// Written beside the target and moved over it when complete, so that a broken attempt leaves no half file.
-std::string make(const readTables::Tables& tables, const std::string& place, const std::string& draft) {
+std::string makeAt(const readTables::Tables& tables, const std::string& place, const std::string& draft) {
     const OnLeave cleared([&] { draft::remove(draft); });
     try {
         writeStore(tables, draft);
@@ -69,9 +72,8 @@ std::string make(const readTables::Tables& tables, const std::string& place, con
     return failed ? failed.message() : std::string();
 }
 
-}  // namespace
-
-Outcome create(const std::string& folder, const std::string& file, bool force) {
+/// Makes the store of the tables that `tables` gives once the place is found fit.
+Outcome makeOf(const std::string& file, bool force, const std::function<readTables::Tables()>& read) {
     const auto refused = [](std::string problem) { return Outcome{{std::move(problem)}, {}}; };
     std::error_code failed;
     const fs::path place = fs::weakly_canonical(fs::absolute(file, failed), failed);  // a link stays one
@@ -88,12 +90,22 @@ Outcome create(const std::string& folder, const std::string& file, bool force) {
             return refused(file + " is no plain file and is not replaced");
         if (!force) return refused(file + " exists already; --force replaces it");
     }
-    readTables::Tables tables = readTables::read(folder);
+    readTables::Tables tables = read();
     if (tables.problems.empty()) {
-        const std::string problem = make(tables, place.string(), draft);
+        const std::string problem = makeAt(tables, place.string(), draft);
         if (!problem.empty()) tables.problems.push_back(fmt::format("{}: {}", file, problem));
     }
     return {tables.problems, tables.notes};
+}
+
+}  // namespace
+
+Outcome create(const std::string& folder, const std::string& file, bool force) {
+    return makeOf(file, force, [&] { return readTables::read(folder); });
+}
+
+Outcome make(const readTables::Tables& tables, const std::string& file) {
+    return makeOf(file, false, [&] { return tables; });
 }
 
 }  // namespace createStore

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "study/readTables.h"
+
 namespace createStore {
 
 struct Outcome {
@@ -15,5 +17,8 @@ struct Outcome {
 /// replaced only with `force`, keeps its owner and permissions, and stays untouched until the new one is
 /// complete. What a killed attempt has left is cleared away.
 Outcome create(const std::string& folder, const std::string& file, bool force);
+
+/// The same of tables at hand, where nothing stands yet.
+Outcome make(const readTables::Tables& tables, const std::string& file);
 
 }  // namespace createStore

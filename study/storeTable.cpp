@@ -21,6 +21,16 @@ void make(engine::Connection& database, const schema::Table& table, int diseases
                     fmt::format("CREATE TABLE {} ({})", dialect::quoted(std::string(table.name)), columns));
 }
 
+void widen(engine::Connection& database, const schema::Table& table, const Content& content) {
+    const std::string name = dialect::quoted(std::string(table.name));
+    const engine::Rows there{engine::columnsOf(database, "SELECT * FROM " + name), {}};
+    for (const schema::NamedColumn& column : content.columns) {
+        if (readStore::columnOf(there, column.name) < 0)
+            engine::execute(database,
+                            fmt::format("ALTER TABLE {} ADD COLUMN {}", name, dialect::quoted(column.name)));
+    }
+}
+
 void fill(engine::Connection& database, const schema::Table& table, const Content& content) {
     std::vector<std::string> names;
     for (const schema::NamedColumn& column : content.columns) names.push_back(column.name);

@@ -44,8 +44,8 @@ std::vector<std::string> problemsWithTheRest(engine::Connection& database, readT
     return files.problems;
 }
 
-std::string replace(engine::Connection& database, const schema::Table& table, const readTables::Tables& files,
-                    const std::string& date) {
+std::string putIn(engine::Connection& database, const schema::Table& table, const readTables::Tables& files,
+                  const std::string& date) {
     const std::string name(table.name);
     const storeTable::Content& content = files.contents.at(table.name);
     std::string kept;
@@ -55,11 +55,13 @@ std::string replace(engine::Connection& database, const schema::Table& table, co
         kept = fmt::format("; the old one is kept as {}", keptTables::keep(database, name, date).name);
     }
     storeTable::make(database, table, files.mostDiseases);
+    storeTable::widen(database, table, content);
     storeTable::fill(database, table, content);
     return fmt::format("{}: replaced ({} rows){}", name, content.rows.size(), kept);
 }
 
-void change(engine::Connection& database, const readTables::Tables& files, Wish wish, Outcome& outcome) {
+void change(engine::Connection& database, const readTables::Tables& files, const Judge& judge, Wish wish,
+            Outcome& outcome) {
     engine::lock(database);
     if (!wish.closed) {
         for (const std::string& line : openSessions::young(database)) outcome.problems.push_back(line);
@@ -69,12 +71,11 @@ void change(engine::Connection& database, const readTables::Tables& files, Wish 
                             "program is closed",
                             openSessions::youngMinutes));
     }
-    for (std::string& problem : problemsWithTheRest(database, files)) outcome.problems.push_back(problem);
+    for (std::string& problem : judge(database)) outcome.problems.push_back(problem);
     if (!outcome.problems.empty()) return;
     const std::string date = openSessions::moment(0);
     for (const schema::Table& table : schema::tables()) {
-        if (files.contents.contains(table.name))
-            outcome.done.push_back(replace(database, table, files, date));
+        if (files.contents.contains(table.name)) outcome.done.push_back(putIn(database, table, files, date));
     }
     outcome.misfits = storedWords::misfits(database);
     if (!wish.dryRun) engine::execute(database, "COMMIT");
@@ -82,10 +83,8 @@ void change(engine::Connection& database, const readTables::Tables& files, Wish 
 
 }  // namespace
 
-Outcome update(const std::string& file, const std::string& folder, Wish wish) {
-    const readTables::Tables files = filesOf(folder);
-    Outcome outcome{files.problems, files.notes, {}, {}};
-    if (!outcome.problems.empty()) return outcome;
+Outcome replace(const std::string& file, const readTables::Tables& tables, const Judge& judge, Wish wish) {
+    Outcome outcome{{}, tables.notes, {}, {}};
     std::error_code failed;
     if (!std::filesystem::exists(file, failed)) {
         outcome.problems.push_back(fmt::format("{}: there is no such file", file));
@@ -93,13 +92,21 @@ Outcome update(const std::string& file, const std::string& folder, Wish wish) {
     }
     try {
         const engine::Database database = engine::open(file, store::password, engine::Access::Write);
-        change(*database, files, wish, outcome);
+        change(*database, tables, judge, wish, outcome);
     } catch (const engine::Error& error) {
         const bool locked =
             error.number == engine::couldNotLockFile || error.number == engine::lockedByAnother;
         outcome.problems.push_back(fmt::format("{}: {}", file, locked ? "is in use" : error.text));
     }
     return outcome;
+}
+
+Outcome update(const std::string& file, const std::string& folder, Wish wish) {
+    const readTables::Tables files = filesOf(folder);
+    if (!files.problems.empty()) return {files.problems, files.notes, {}, {}};
+    return replace(
+        file, files, [&](engine::Connection& database) { return problemsWithTheRest(database, files); },
+        wish);
 }
 
 }  // namespace updateStore

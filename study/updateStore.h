@@ -1,8 +1,11 @@
 // Replaces configuration tables in a store that holds results.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
+
+#include "study/readTables.h"
 
 namespace updateStore {
 
@@ -22,5 +25,11 @@ struct Outcome {
 /// transaction. The others, and the results, stay as they are; what is replaced is kept under another name.
 /// Refused while a session may be running.
 Outcome update(const std::string& file, const std::string& folder, Wish wish);
+
+/// Why these tables cannot go in, asked when the store is locked; none to go on.
+using Judge = std::function<std::vector<std::string>(engine::Connection& database)>;
+
+/// The same for tables that are at hand.
+Outcome replace(const std::string& file, const readTables::Tables& tables, const Judge& judge, Wish wish);
 
 }  // namespace updateStore
