@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -49,6 +50,12 @@ OnLeave lockFolder(const std::string& folder) {
     return OnLeave([handle] {
         if (handle >= 0) ::close(handle);
     });
+}
+
+std::string freshFolder(const std::string& beginning) {
+    std::string place = (std::filesystem::temp_directory_path() / (beginning + "-XXXXXX")).string();
+    if (::mkdtemp(place.data()) == nullptr) throw std::system_error(errno, std::generic_category(), place);
+    return place;
 }
 
 std::string folderOfProgram() { return std::filesystem::canonical("/proc/self/exe").parent_path().string(); }

@@ -23,6 +23,10 @@ std::error_code copyOwnership(const std::string& from, const std::string& to);
 /// without such locks lets everybody in.
 [[nodiscard]] OnLeave lockFolder(const std::string& folder);
 
+/// Makes a folder that nobody else can look into, under a new name in the folder for temporary files. Throws
+/// std::system_error.
+std::string freshFolder(const std::string& beginning);
+
 /// Folder of the running program, without a separator at its end.
 std::string folderOfProgram();
 

@@ -1,11 +1,13 @@
 #include "study/book.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "platform/text.h"
 #include "store/layer/schema.h"
 #include "study/fieldValue.h"
 #include "study/readStore.h"
+#include "study/readTables.h"
 
 namespace book {
 
@@ -25,6 +27,19 @@ Book open(const std::string& file) {
     Book made;
     for (auto& [name, sheet] : check::sheetsOf(file))
         made.sheets[name] = std::make_shared<const Sheet>(std::move(sheet));
+    return made;
+}
+
+Book ofTables(const std::string& folder) {
+    const readTables::Tables tables = readTables::read(folder);
+    if (!tables.problems.empty()) throw std::runtime_error(tables.problems.front());
+    Book made = fresh();
+    for (const auto& [name, content] : tables.contents) {
+        Sheet& sheet = change(made, name);
+        sheet.content = {{}, content.rows};
+        for (const schema::NamedColumn& column : content.columns)
+            sheet.content.columns.push_back(column.name);
+    }
     return made;
 }
 

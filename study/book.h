@@ -31,6 +31,9 @@ struct Place {
 /// The tables of a store. Throws std::runtime_error, which names file or table.
 Book open(const std::string& file);
 
+/// The tables of a folder of CSV files. Throws std::runtime_error, which names file, line and column.
+Book ofTables(const std::string& folder);
+
 /// Tables without a row.
 Book fresh();
 

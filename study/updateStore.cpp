@@ -65,7 +65,8 @@ void change(engine::Connection& database, const readTables::Tables& files, const
     engine::lock(database);
     if (!wish.closed) {
         for (const std::string& line : openSessions::young(database)) outcome.problems.push_back(line);
-        if (!outcome.problems.empty())
+        outcome.inUse = !outcome.problems.empty();
+        if (outcome.inUse)
             outcome.problems.push_back(
                 fmt::format("who has rows of the last {} minutes may be at work; --closed says that the "
                             "program is closed",
@@ -84,7 +85,8 @@ void change(engine::Connection& database, const readTables::Tables& files, const
 }  // namespace
 
 Outcome replace(const std::string& file, const readTables::Tables& tables, const Judge& judge, Wish wish) {
-    Outcome outcome{{}, tables.notes, {}, {}};
+    Outcome outcome;
+    outcome.notes = tables.notes;
     std::error_code failed;
     if (!std::filesystem::exists(file, failed)) {
         outcome.problems.push_back(fmt::format("{}: there is no such file", file));
@@ -103,7 +105,7 @@ Outcome replace(const std::string& file, const readTables::Tables& tables, const
 
 Outcome update(const std::string& file, const std::string& folder, Wish wish) {
     const readTables::Tables files = filesOf(folder);
-    if (!files.problems.empty()) return {files.problems, files.notes, {}, {}};
+    if (!files.problems.empty()) return {files.problems, false, files.notes, {}, {}};
     return replace(
         file, files, [&](engine::Connection& database) { return problemsWithTheRest(database, files); },
         wish);

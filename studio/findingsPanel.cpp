@@ -1,0 +1,94 @@
+#include "studio/findingsPanel.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "qt/look.h"
+#include "studio/workspace.h"
+#include "study/check.h"
+#include "study/remedies.h"
+
+namespace findingsPanel {
+
+namespace {
+
+QString gradeOf(const check::Finding& finding) { return check::wordFor(finding.grade); }
+
+QString placeOf(const check::Finding& finding) {
+    QString place = QString::fromStdString(finding.table);
+    if (finding.row > 0) place += QString(", row %1").arg(finding.row);
+    if (!finding.column.empty()) place += ", " + QString::fromStdString(finding.column);
+    return place;
+}
+
+void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& finding) {
+    const std::optional<remedies::Remedy> remedy = remedies::of(workspace::book(), finding);
+    if (!remedy) return;
+    auto* const press = new QPushButton(QString::fromStdString(remedy->label));
+    press->setAccessibleName(press->text() + ": " + item.text(2));
+    // Pressing changes the list, and with it the button: the change waits until the press is over.
+    QObject::connect(
+        press, &QPushButton::clicked, &list,
+        [remedy] {
+            workspace::edit(remedy->label, [&](book::Book& book) {
+                remedy->mend(book);
+                return std::string();
+            });
+        },
+        Qt::QueuedConnection);
+    list.setItemWidget(&item, 3, press);
+}
+
+void fill(QTreeWidget& list, QLabel& head) {
+    const std::vector<check::Finding>& findings = workspace::findings();
+    int errors = 0;
+    int warnings = 0;
+    list.clear();
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        const check::Finding& finding = findings[i];
+        errors += finding.grade == check::Grade::Error ? 1 : 0;
+        warnings += finding.grade == check::Grade::Warning ? 1 : 0;
+        auto* const item = new QTreeWidgetItem(
+            &list, {gradeOf(finding), placeOf(finding), QString::fromStdString(finding.text)});
+        item->setData(0, Qt::UserRole, static_cast<int>(i));
+        item->setToolTip(2, item->text(2));
+        if (finding.grade == check::Grade::Error) item->setForeground(0, look::colours().alarm);
+        addRemedy(list, *item, finding);
+    }
+    head.setText(findings.empty() ? "Nothing was found: the study can be played."
+                                  : QString("%1 errors, %2 warnings, %3 notes")
+                                        .arg(errors)
+                                        .arg(warnings)
+                                        .arg(static_cast<int>(findings.size()) - errors - warnings));
+}
+
+}  // namespace
+
+Panel make(const std::function<void(const check::Finding&)>& go) {
+    auto* const whole = new QWidget;
+    auto* const column = new QVBoxLayout(whole);
+    auto* const head = new QLabel;
+    auto* const list = new QTreeWidget;
+    list->setHeaderLabels({"Grade", "Where", "What", "Remedy"});
+    list->setRootIsDecorated(false);
+    list->setAccessibleName("Findings");
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(2, QHeaderView::Stretch);
+    list->setColumnWidth(1, 220);
+    list->setColumnWidth(3, 190);
+    column->setContentsMargins(8, 4, 8, 8);
+    column->addWidget(head);
+    column->addWidget(list);
+    const auto chosen = [=](QTreeWidgetItem* item, int) {
+        const auto at = static_cast<std::size_t>(item->data(0, Qt::UserRole).toInt());
+        if (at < workspace::findings().size()) go(check::Finding(workspace::findings()[at]));
+    };
+    QObject::connect(list, &QTreeWidget::itemClicked, list, chosen);
+    QObject::connect(list, &QTreeWidget::itemActivated, list, chosen);
+    return {whole, [=] { fill(*list, *head); }};
+}
+
+}  // namespace findingsPanel

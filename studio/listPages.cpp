@@ -1,0 +1,175 @@
+#include "studio/listPages.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "studio/fields.h"
+#include "studio/grid.h"
+#include "studio/workspace.h"
+#include "study/bookScenarios.h"
+
+namespace listPages {
+
+namespace {
+
+using book::Place;
+
+std::vector<int> rowsWith(const book::Book& book, const char* table, const char* column,
+                          const std::string& text) {
+    std::vector<int> rows;
+    const book::Sheet& sheet = book::sheetOf(book, table);
+    for (int row = 0; row < sheet.size(); ++row) {
+        if (check::sameName(sheet.text(row, column), text)) rows.push_back(row);
+    }
+    return rows;
+}
+
+/// Rows of one kind of a table, with the one column that is typed.
+struct Kind {
+    const char* table;
+    const char* key;    ///< column that tells the kind
+    const char* value;  ///< column that is shown
+    std::function<std::string()> name;
+    QString title;
+};
+
+grid::View viewOf(const book::Book& book, const Kind& kind) {
+    grid::View view{{kind.title}, {}, {}};
+    for (const int row : rowsWith(book, kind.table, kind.key, kind.name())) {
+        view.rows << QString::number(view.rows.size() + 1);
+        view.places.push_back({Place{kind.table, row, kind.value}});
+    }
+    return view;
+}
+
+bool addRow(book::Book& book, const Kind& kind) {
+    const std::vector<int> rows = rowsWith(book, kind.table, kind.key, kind.name());
+    const int at = rows.empty() ? book::sheetOf(book, kind.table).size() : rows.back() + 1;
+    book::addRow(book, kind.table, at);
+    book::set(book, {kind.table, at, kind.key}, kind.name());
+    return true;
+}
+
+void act(const grid::Grid& grid, const Kind& kind, const QString& what, int by) {
+    const std::vector<int> rows = rowsWith(workspace::book(), kind.table, kind.key, kind.name());
+    const int at = grid.row();
+    if (at < 0 || static_cast<std::size_t>(at) >= rows.size())
+        return fields::tellProblem("Choose a row first.");
+    const int to = at + by;
+    if (to < 0 || static_cast<std::size_t>(to) >= rows.size()) return;
+    workspace::edit(what.toStdString(), [&](book::Book& book) {
+        if (by == 0)
+            book::removeRow(book, kind.table, rows[static_cast<std::size_t>(at)]);
+        else
+            book::moveRow(book, kind.table, rows[static_cast<std::size_t>(at)],
+                          rows[static_cast<std::size_t>(to)]);
+        return std::string();
+    });
+    if (by != 0) grid.table->setCurrentCell(to, 0);
+}
+
+struct Block {
+    QWidget* widget;
+    grid::Grid grid;
+};
+
+/// A grid of one kind with its buttons.
+Block block(const Kind& kind) {
+    const grid::Grid grid =
+        grid::make({kind.title, [=](const book::Book& book) { return viewOf(book, kind); },
+                    [=](book::Book& book) { return addRow(book, kind); }});
+    auto* const whole = new QWidget;
+    auto* const column = new QVBoxLayout(whole);
+    auto* const buttons = new QHBoxLayout;
+    const auto button = [&](const QString& text, const std::function<void()>& pressed) {
+        auto* const made = new QPushButton(text);
+        made->setAccessibleName(text + ": " + kind.title);
+        QObject::connect(made, &QPushButton::clicked, made, pressed);
+        buttons->addWidget(made);
+    };
+    button("Add", [=] {
+        workspace::edit("Add a row", [&](book::Book& book) {
+            addRow(book, kind);
+            return std::string();
+        });
+        grid.table->setCurrentCell(grid.table->rowCount() - 1, 0);
+        grid.table->editItem(grid.table->currentItem());
+    });
+    button("Remove", [=] { act(grid, kind, "Remove a row", 0); });
+    button("Move up", [=] { act(grid, kind, "Move a row", -1); });
+    button("Move down", [=] { act(grid, kind, "Move a row", 1); });
+    buttons->addStretch();
+    auto* const title = new QLabel("<b>" + kind.title + "</b>");
+    column->addWidget(title);
+    column->addWidget(grid.table, 1);
+    column->addLayout(buttons);
+    grid.table->setColumnWidth(0, 260);
+    return {whole, grid};
+}
+
+/// How many words the scenarios take of a type.
+QString wordsInUse() {
+    QString text;
+    for (const std::string& name : bookScenarios::namesOf(workspace::book())) {
+        const bookScenarios::Parts parts = bookScenarios::partsOf(workspace::book(), name);
+        text += QString("\n%1: %2 diseases, %3 symptoms")
+                    .arg(QString::fromStdString(name))
+                    .arg(parts.diseases)
+                    .arg(parts.symptoms.size());
+    }
+    return "Words are dealt at random to each subject and scenario. A scenario takes the first words of each "
+           "list:" +
+           text;
+}
+
+QString usersText(const std::string& list) {
+    QStringList users;
+    for (const std::string& user : bookScenarios::usersOfTests(workspace::book(), list))
+        users << QString::fromStdString(user);
+    return users.empty() ? "No scenario uses this list." : "Used by: " + users.join(", ");
+}
+
+}  // namespace
+
+Page words() {
+    const auto named = [](const char* name) { return [name] { return std::string(name); }; };
+    const Block diseases = block({"tblVocabulary", "Type", "Term", named("Disease"), "Words for diseases"});
+    const Block symptoms = block({"tblVocabulary", "Type", "Term", named("Symptom"), "Words for symptoms"});
+    auto* const whole = new QWidget;
+    auto* const column = new QVBoxLayout(whole);
+    auto* const row = new QHBoxLayout;
+    auto* const used = new QLabel;
+    row->addWidget(diseases.widget);
+    row->addWidget(symptoms.widget);
+    column->addLayout(row, 1);
+    column->addWidget(used);
+    return {whole,
+            [=] {
+                diseases.grid.refresh();
+                symptoms.grid.refresh();
+                used->setText(wordsInUse());
+            },
+            [=](const check::Finding& finding) {
+                return diseases.grid.show(finding) || symptoms.grid.show(finding);
+            }};
+}
+
+Page tests(const std::function<std::string()>& list) {
+    const Block lengths =
+        block({"tblTests", "SETTING", "Length", list, "Length in simulated minutes, by place of the test"});
+    auto* const whole = new QWidget;
+    auto* const column = new QVBoxLayout(whole);
+    auto* const used = new QLabel;
+    used->setWordWrap(true);
+    column->addWidget(lengths.widget, 1);
+    column->addWidget(used);
+    return {whole,
+            [=] {
+                lengths.grid.refresh();
+                used->setText(usersText(list()));
+            },
+            lengths.grid.show};
+}
+
+}  // namespace listPages

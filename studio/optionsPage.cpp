@@ -1,0 +1,208 @@
+#include "studio/optionsPage.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "forms/frmOptions.h"
+#include "store/layer/schema.h"
+#include "store/record/Options.h"
+#include "studio/clockFace.h"
+#include "studio/fields.h"
+#include "studio/workspace.h"
+#include "study/bookScenarios.h"
+
+namespace optionsPage {
+
+namespace {
+
+constexpr const char* table = "tblAppDefault";
+
+struct Building {
+    std::function<std::string()> scenario;
+    std::map<const Control*, QGroupBox*> groups = {};
+    std::vector<std::pair<std::string, fields::Field>> fields = {};  ///< by column
+};
+
+/// The sentence that stands in the documents too.
+const schema::Column& columnOf(const std::string& name) {
+    for (const schema::Column& column : schema::find(table)->columns) {
+        if (column.name == name) return column;
+    }
+    return schema::find(table)->columns.front();
+}
+
+fields::Words wordsFor(const std::string& column, const std::string& caption) {
+    QString help = QString::fromUtf8(columnOf(column).meaning.data(),
+                                     static_cast<qsizetype>(columnOf(column).meaning.size()));
+    if (!help.isEmpty()) help = help.left(1).toUpper() + help.mid(1) + '.';
+    QString name = QString::fromStdString(caption);
+    if (name.endsWith(':')) name.chop(1);
+    return {name, help};
+}
+
+fields::Where cellOf(const std::function<std::string()>& scenario, const std::string& column) {
+    return [=]() -> std::optional<book::Place> {
+        const std::optional<int> row = book::rowOf(workspace::book(), table, "Setting", scenario());
+        if (!row) return {};
+        return book::Place{table, *row, column};
+    };
+}
+
+QGroupBox* groupOf(Building& building, const Control& frame, QWidget& parent) {
+    QGroupBox*& group = building.groups[&frame];
+    if (group == nullptr) {
+        group = new QGroupBox(QString::fromStdString(frame.caption), &parent);
+        auto* const rows = new QFormLayout(group);
+        rows->setContentsMargins(12, 28, 12, 12);
+        rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    }
+    return group;
+}
+
+/// Caption, field and, below, the sentence of help.
+void place(Building& building, QGroupBox& group, const std::string& column, const fields::Words& words,
+           const fields::Field& field, bool captioned) {
+    auto* const rows = qobject_cast<QFormLayout*>(group.layout());
+    auto* const help = new QLabel(words.help);
+    help->setWordWrap(true);
+    help->setProperty("role", "help");
+    if (captioned) {
+        auto* const caption = new QLabel(words.name);
+        caption->setBuddy(field.widget);
+        rows->addRow(caption, field.widget);
+    } else {
+        rows->addRow(field.widget);
+    }
+    rows->addRow(help);
+    building.fields.emplace_back(column, field);
+}
+
+void addFlags(Building& building, QWidget& parent) {
+    for (const FlagColumn& flag : flagColumns()) {
+        const Control& box = (Options.*flag.flag).box;
+        const fields::Words words = wordsFor(flag.column, box.caption);
+        place(building, *groupOf(building, *box.parent, parent), flag.column, words,
+              fields::tick(cellOf(building.scenario, flag.column), words), false);
+    }
+}
+
+/// The caption that stands left of a box of the dialog.
+std::string captionBeside(const Control& box) {
+    for (const Control* control :
+         {&frmOptions.lblInitScore, &frmOptions.lblTestBuffer, &frmOptions.lblBeliefBuffer,
+          &frmOptions.lblTestCost, &frmOptions.lblBeliefCost, &frmOptions.lblHealAward}) {
+        if (control->place.top > box.place.top && control->place.top < box.place.top + box.place.height)
+            return control->caption;
+    }
+    return box.name;
+}
+
+void addTexts(Building& building, QWidget& parent) {
+    for (const TextColumn& text : textColumns()) {
+        const Control& box = (Options.*text.field).box;
+        const fields::Words words = wordsFor(text.column, captionBeside(box));
+        place(building, *groupOf(building, *box.parent, parent), text.column, words,
+              fields::line(cellOf(building.scenario, text.column), words), true);
+    }
+}
+
+void addTime(Building& building, QWidget& parent) {
+    QGroupBox& group = *groupOf(building, frmOptions.fraTime, parent);
+    struct Meter {
+        const char* column;
+        const Control& title;
+    };
+    for (const Meter& meter :
+         {Meter{"Time", frmOptions.lblLengthTitle}, {"SimRate", frmOptions.lblRateTitle}}) {
+        const fields::Words words = wordsFor(meter.column, meter.title.caption);
+        const schema::Column& column = columnOf(meter.column);
+        place(building, group, meter.column, words,
+              fields::slider(cellOf(building.scenario, meter.column), words, *column.least, *column.most),
+              true);
+    }
+    for (const auto& [column, caption] :
+         {std::pair("StartHour", "Starting Time, hour"), std::pair("StartMin", "Starting Time, minute")}) {
+        const fields::Words words = wordsFor(column, caption);
+        place(building, group, column, words, fields::line(cellOf(building.scenario, column), words), true);
+    }
+}
+
+/// One column for what the dialog has as two boxes that exclude each other.
+void addProperty(Building& building, QWidget& parent) {
+    QGroupBox& group = *groupOf(building, frmOptions.fraExperimentDepth, parent);
+    const fields::Words words = wordsFor(
+        "TreatmentProperty", frmOptions.chkOneTreatment.caption + ", or " + frmOptions.chkRisk.caption);
+    place(building, group, "TreatmentProperty", words,
+          fields::choice(cellOf(building.scenario, "TreatmentProperty"), words,
+                         [] {
+                             return QStringList{"1", "0", "-1"};
+                         }),
+          true);
+}
+
+void addTests(Building& building, QWidget& parent) {
+    QGroupBox& group = *groupOf(building, frmOptions.fraPatients, parent);
+    const fields::Words words = wordsFor("TestLengthSetting", "Lengths of the tests");
+    place(building, group, "TestLengthSetting", words,
+          fields::choice(cellOf(building.scenario, "TestLengthSetting"), words,
+                         [] {
+                             QStringList lists;
+                             for (const std::string& list : bookScenarios::testLists(workspace::book()))
+                                 lists << QString::fromStdString(list);
+                             return lists;
+                         }),
+          true);
+}
+
+}  // namespace
+
+Page make(const std::function<std::string()>& scenario) {
+    if (frmOptions.form.name.empty()) designFrmOptions();
+    const auto building = std::make_shared<Building>(Building{scenario});
+    auto* const area = new QScrollArea;
+    auto* const inside = new QWidget;
+    addTime(*building, *inside);
+    addTexts(*building, *inside);
+    addFlags(*building, *inside);
+    addProperty(*building, *inside);
+    addTests(*building, *inside);
+    const clockFace::Face clock = clockFace::make();
+    auto* const columns = new QHBoxLayout(inside);
+    const auto columnOfGroups = [&](const std::vector<const Control*>& frames, QWidget* last) {
+        auto* const column = new QVBoxLayout;
+        for (const Control* frame : frames) column->addWidget(building->groups[frame]);
+        if (last != nullptr) column->insertWidget(1, last);
+        column->addStretch();
+        columns->addLayout(column, 1);
+    };
+    FrmOptions& f = frmOptions;
+    columnOfGroups({&f.fraTime, &f.fraPatients}, clock.widget);
+    columnOfGroups({&f.fraScoring, &f.fraExperimentDepth}, nullptr);
+    columnOfGroups({&f.fraDiagnosis, &f.Frame1, &f.fraTables}, nullptr);
+    area->setWidget(inside);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    const auto refresh = [=] {
+        for (const auto& [column, field] : building->fields) field.refresh();
+        clock.show(scenario());
+    };
+    const auto show = [=](const check::Finding& finding) {
+        if (finding.table != table) return false;
+        for (const auto& [column, field] : building->fields) {
+            if (!check::sameName(column, finding.column)) continue;
+            area->ensureWidgetVisible(field.widget);
+            field.widget->setFocus();
+            return true;
+        }
+        return false;
+    };
+    return {area, refresh, show};
+}
+
+}  // namespace optionsPage

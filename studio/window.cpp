@@ -1,0 +1,345 @@
+#include "studio/window.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "qt/eventHook.h"
+#include "studio/fields.h"
+#include "studio/findingsPanel.h"
+#include "studio/listPages.h"
+#include "studio/notices.h"
+#include "studio/safely.h"
+#include "studio/scenarioPage.h"
+#include "studio/startPage.h"
+#include "studio/workspace.h"
+#include "study/bookScenarios.h"
+
+namespace window {
+
+namespace {
+
+enum class Kind { Start, Scenario, Words, Tests };
+
+/// What the tree has chosen.
+struct Chosen {
+    Kind kind = Kind::Start;
+    std::string name = {};
+};
+
+struct Window {
+    QMainWindow* main;
+    QTreeWidget* tree;
+    QStackedWidget* stack;
+    QLabel* problem;
+    QAction* undo;
+    QAction* redo;
+    QAction* save;
+    QTimer* draftTimer;
+    findingsPanel::Panel findings;
+    std::vector<std::pair<Kind, Page>> pages;
+    Chosen chosen;
+};
+
+Window w;
+
+Page& pageOf(Kind kind) {
+    for (auto& [its, page] : w.pages) {
+        if (its == kind) return page;
+    }
+    return w.pages.front().second;
+}
+
+void showChosen() {
+    Page& page = pageOf(w.chosen.kind);
+    w.stack->setCurrentWidget(page.widget);
+    page.refresh();
+}
+
+QTreeWidgetItem* entry(QTreeWidgetItem* parent, const QString& text, const Chosen& chosen) {
+    auto* const item =
+        parent == nullptr ? new QTreeWidgetItem(w.tree, {text}) : new QTreeWidgetItem(parent, {text});
+    item->setData(0, Qt::UserRole, static_cast<int>(chosen.kind));
+    item->setData(0, Qt::UserRole + 1, QString::fromStdString(chosen.name));
+    if (chosen.kind == w.chosen.kind && check::sameName(chosen.name, w.chosen.name))
+        w.tree->setCurrentItem(item);
+    return item;
+}
+
+QTreeWidgetItem* heading(const QString& text) {
+    auto* const item = new QTreeWidgetItem(w.tree, {text});
+    item->setFlags(Qt::ItemIsEnabled);
+    return item;
+}
+
+void fillTree() {
+    const QSignalBlocker quiet(w.tree);
+    w.tree->clear();
+    if (!workspace::isOpen()) return;
+    QTreeWidgetItem* const scenarios = heading("Scenarios");
+    for (const std::string& name : bookScenarios::namesOf(workspace::book()))
+        entry(scenarios, QString::fromStdString(name), {Kind::Scenario, name});
+    entry(nullptr, "Words", {Kind::Words});
+    QTreeWidgetItem* const tests = heading("Lengths of tests");
+    for (const std::string& list : bookScenarios::testLists(workspace::book()))
+        entry(tests, QString::fromStdString(list), {Kind::Tests, list});
+    w.tree->expandAll();
+}
+
+/// A scenario or list that is gone gives way to the first there is.
+void mendChoice() {
+    if (!workspace::isOpen()) return;
+    const auto has = [](const std::vector<std::string>& names) {
+        return std::ranges::any_of(names,
+                                   [](const auto& name) { return check::sameName(name, w.chosen.name); });
+    };
+    const std::vector<std::string> scenarios = bookScenarios::namesOf(workspace::book());
+    const bool lost = (w.chosen.kind == Kind::Scenario && !has(scenarios)) ||
+                      (w.chosen.kind == Kind::Tests && !has(bookScenarios::testLists(workspace::book()))) ||
+                      w.chosen.kind == Kind::Start;
+    if (!lost) return;
+    w.chosen = scenarios.empty() ? Chosen{Kind::Words} : Chosen{Kind::Scenario, scenarios.front()};
+}
+
+void refresh() {
+    mendChoice();
+    fillTree();
+    const bookHistory::History& history = workspace::history();
+    const auto label = [](const char* verb, const std::vector<bookHistory::Step>& steps) {
+        return steps.empty() ? QString(verb)
+                             : QString("%1: %2").arg(verb, QString::fromStdString(steps.back().what));
+    };
+    w.undo->setText(label("Undo", history.past));
+    w.undo->setEnabled(!history.past.empty());
+    w.redo->setText(label("Redo", history.future));
+    w.redo->setEnabled(!history.future.empty());
+    const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
+    w.save->setEnabled(changed);
+    w.main->setWindowModified(changed);
+    w.main->setWindowTitle(workspace::isOpen()
+                               ? QString::fromStdString(workspace::folder()) + "[*] - Tavix Studio"
+                               : QString("Tavix Studio"));
+    w.findings.refresh();
+    w.findings.widget->setVisible(workspace::isOpen());
+    w.tree->setVisible(workspace::isOpen());
+    w.draftTimer->start();
+    showChosen();
+}
+
+void go(const check::Finding& finding) {
+    const auto nameAt = [&](const char* column) {
+        return book::sheetOf(workspace::book(), finding.table).text(finding.row - 1, column);
+    };
+    if (finding.row == 0) return fields::tellProblem("This finding belongs to the table as a whole.");
+    Chosen wanted;
+    if (finding.table == "tblVocabulary")
+        wanted = {Kind::Words};
+    else if (finding.table == "tblTests")
+        wanted = {Kind::Tests, nameAt("SETTING")};
+    else
+        wanted = {Kind::Scenario, nameAt("Setting")};
+    w.chosen = wanted;
+    refresh();
+    if (!pageOf(w.chosen.kind).show(finding))
+        fields::tellProblem(QString("%1, row %2 cannot be shown on a page.")
+                                .arg(QString::fromStdString(finding.table))
+                                .arg(finding.row));
+}
+
+QString listOf(const std::vector<std::string>& lines) {
+    QStringList all;
+    for (const std::string& line : lines) all << QString::fromStdString(line);
+    return all.join('\n');
+}
+
+/// False if the study is not saved after all.
+bool save() {
+    updateStore::Outcome outcome = workspace::save(false);
+    if (!outcome.problems.empty() && outcome.inUse) {
+        const int pressed = notices::ask(
+            "A session may be at work on this study, so nothing was saved.",
+            listOf(outcome.problems) +
+                "\n\nIf you see that the program is closed on every station, the study can be saved.",
+            {"Go back", "The program is closed: save", "Go back"});
+        if (pressed != 1) return false;
+        outcome = workspace::save(true);
+    }
+    if (!outcome.problems.empty()) {
+        notices::tell("Nothing was saved.", listOf(outcome.problems));
+        return false;
+    }
+    workspace::keepDraft();
+    QString text = "Saved.";
+    if (!outcome.misfits.empty())
+        notices::tell("Saved. The words that these subjects were dealt no longer fit:",
+                      listOf(outcome.misfits));
+    w.main->statusBar()->showMessage(text, 5000);
+    return true;
+}
+
+/// Whether what is open may be left; asks if it is not saved.
+bool mayLeave() {
+    if (!workspace::isOpen() || !bookHistory::isChanged(workspace::history())) return true;
+    const int pressed =
+        notices::ask("The study has changes that are not saved.", QString::fromStdString(workspace::folder()),
+                     {"Save", "Leave them out", "Cancel"});
+    if (pressed == 0) return save();
+    if (pressed == 1) workspace::dropDraft();
+    return pressed == 1;
+}
+
+void opened() {
+    startPage::remember(QString::fromStdString(workspace::folder()));
+    w.chosen = {};
+    if (workspace::hasDraft()) {
+        const int pressed = notices::ask(
+            "Changes of this study were not saved when the window was last closed.",
+            "They can be taken up again, and saved or undone then.", {"Take them up", "Throw them away"});
+        if (pressed == 0)
+            workspace::takeDraft();
+        else
+            workspace::dropDraft();
+    }
+    refresh();
+}
+
+void chooseStudy() {
+    if (!mayLeave()) return;
+    const QString folder = QFileDialog::getExistingDirectory(w.main, "Open a study");
+    if (!folder.isEmpty()) open(folder.toStdString());
+}
+
+void makeStudy(bool ofSample) {
+    if (!mayLeave()) return;
+    const QString folder =
+        QFileDialog::getSaveFileName(w.main, "Folder of the new study", QDir::homePath() + "/study", {},
+                                     nullptr, QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
+    if (folder.isEmpty()) return;
+    const std::string problem = workspace::make(folder.toStdString(), ofSample);
+    if (!problem.empty()) return notices::tell("The study was not made.", QString::fromStdString(problem));
+    opened();
+}
+
+void addScenario() {
+    const std::string name = bookScenarios::freeName(workspace::book(), "New scenario");
+    workspace::edit("Add a scenario", [&](book::Book& book) {
+        bookScenarios::add(book, name);
+        return std::string();
+    });
+    w.chosen = {Kind::Scenario, name};
+    refresh();
+}
+
+template <class Handler>
+QAction* action(QMenu* menu, const QString& text, const QKeySequence& keys, Handler handler) {
+    auto* const made = new QAction(text, w.main);
+    made->setShortcut(keys);
+    QObject::connect(made, &QAction::triggered, w.main, safely([handler](bool) { handler(); }));
+    menu->addAction(made);
+    return made;
+}
+
+void buildMenus() {
+    QMenu* const file = w.main->menuBar()->addMenu("&Study");
+    action(file, "New from the sample…", {}, [] { makeStudy(true); });
+    action(file, "New, empty…", QKeySequence::New, [] { makeStudy(false); });
+    action(file, "Open…", QKeySequence::Open, chooseStudy);
+    w.save = action(file, "Save", QKeySequence::Save, save);
+    file->addSeparator();
+    action(file, "Quit", QKeySequence::Quit, [] { w.main->close(); });
+    QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
+    w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
+    w.redo = action(edit, "Redo", QKeySequence::Redo, workspace::redo);
+    edit->addSeparator();
+    action(edit, "Add a scenario", {}, [] {
+        if (workspace::isOpen()) addScenario();
+    });
+    auto* const bar = w.main->addToolBar("Study");
+    bar->setMovable(false);
+    bar->addActions({w.save, w.undo, w.redo, edit->actions().back()});
+}
+
+void buildPages() {
+    const auto name = [] { return w.chosen.name; };
+    w.pages.emplace_back(Kind::Start, startPage::make({makeStudy, chooseStudy, [](const QString& folder) {
+                                                           if (mayLeave()) open(folder.toStdString());
+                                                       }}));
+    w.pages.emplace_back(Kind::Scenario, scenarioPage::make(name, [](const std::string& scenario) {
+                             w.chosen = {Kind::Scenario, scenario};
+                             refresh();
+                         }));
+    w.pages.emplace_back(Kind::Words, listPages::words());
+    w.pages.emplace_back(Kind::Tests, listPages::tests(name));
+    for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
+}
+
+void buildFrame() {
+    auto* const across = new QSplitter(Qt::Horizontal);
+    auto* const down = new QSplitter(Qt::Vertical);
+    w.tree->setHeaderHidden(true);
+    w.tree->setAccessibleName("What the study consists of");
+    across->addWidget(w.tree);
+    across->addWidget(w.stack);
+    across->setStretchFactor(1, 1);
+    across->setSizes({220, 900});
+    down->addWidget(across);
+    down->addWidget(w.findings.widget);
+    down->setStretchFactor(0, 1);
+    down->setSizes({560, 170});
+    w.problem->setProperty("role", "error");
+    w.main->statusBar()->addPermanentWidget(w.problem, 1);
+    w.main->setCentralWidget(down);
+    w.main->resize(1240, 820);
+}
+
+}  // namespace
+
+void open(const std::string& folder) {
+    const std::string problem = workspace::open(folder);
+    if (!problem.empty()) return notices::tell("The study was not opened.", QString::fromStdString(problem));
+    opened();
+}
+
+void show() {
+    w.main = new QMainWindow;
+    w.tree = new QTreeWidget;
+    w.stack = new QStackedWidget;
+    w.problem = new QLabel;
+    w.draftTimer = new QTimer(w.main);
+    w.draftTimer->setSingleShot(true);
+    w.draftTimer->setInterval(400);
+    w.findings = findingsPanel::make(go);
+    fields::tellProblemsTo([](const QString& text) { w.problem->setText(text); });
+    QObject::connect(w.draftTimer, &QTimer::timeout, w.main, safely([] { workspace::keepDraft(); }));
+    buildMenus();
+    buildPages();
+    buildFrame();
+    QObject::connect(w.tree, &QTreeWidget::currentItemChanged, w.main,
+                     safely([](QTreeWidgetItem* item, QTreeWidgetItem*) {
+                         if (item == nullptr || !item->data(0, Qt::UserRole).isValid()) return;
+                         w.chosen = {static_cast<Kind>(item->data(0, Qt::UserRole).toInt()),
+                                     item->data(0, Qt::UserRole + 1).toString().toStdString()};
+                         showChosen();
+                     }));
+    hookEvents(w.main, [](QEvent* event) {
+        if (event->type() != QEvent::Close || mayLeave()) return false;
+        event->ignore();
+        return true;
+    });
+    workspace::whenChanged(refresh);
+    refresh();
+    w.main->show();
+}
+
+}  // namespace window

@@ -1,0 +1,207 @@
+#include "studio/workspace.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <optional>
+
+#include "platform/files.h"
+#include "study/bookDraft.h"
+#include "study/bookScenarios.h"
+#include "study/bookStore.h"
+#include "study/check.h"
+
+namespace workspace {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct State {
+    std::string folder;
+    bookHistory::History history;
+    std::vector<check::Finding> findings;
+};
+
+std::string draftRoot;
+State state;
+std::vector<std::function<void()>> listeners;
+
+std::string storeIn(const std::string& folder) { return folder + "/data/TavixData.mdb"; }
+
+/// One folder for each study, by its place.
+std::string draftFolder() {
+    return fmt::format("{}/{:016x}", draftRoot, std::hash<std::string>{}(state.folder));
+}
+
+void tell() {
+    state.findings = check::look(book::studyOf(state.history.now, state.folder));
+    for (const auto& heard : listeners) heard();
+}
+
+void start(const std::string& folder, book::Book opened) {
+    state.folder = folder;
+    state.history = bookHistory::begin(std::move(opened));
+    tell();
+}
+
+std::optional<bookDraft::Draft> draftOfThis() {
+    std::optional<bookDraft::Draft> draft = bookDraft::find(draftFolder());
+    if (draft && draft->study != store()) draft.reset();
+    return draft;
+}
+
+/// The pictures and texts of a study, and what has changed of them, under the names that the tables give.
+void linkFiles(const fs::path& into) {
+    fs::create_directories(into);
+    std::error_code failed;
+    for (const fs::directory_entry& entry : fs::directory_iterator(state.folder + "/Patients", failed)) {
+        const std::string name = entry.path().filename().string();
+        if (!state.history.now.files.contains(name))
+            fs::create_symlink(fs::absolute(entry.path()), into / name);
+    }
+    for (const auto& [name, place] : state.history.now.files) fs::create_symlink(place, into / name);
+}
+
+}  // namespace
+
+void setDraftRoot(const std::string& folder) { draftRoot = folder; }
+
+std::string sampleFolder() {
+    for (const char* place : {"/../../share/tavix", "/../../../sample"}) {
+        const std::string folder = files::folderOfProgram() + place;
+        if (fs::is_directory(folder + "/tables")) return fs::canonical(folder).string();
+    }
+    return {};
+}
+
+bool isOpen() { return !state.folder.empty(); }
+const std::string& folder() { return state.folder; }
+std::string store() { return storeIn(state.folder); }
+
+std::string open(const std::string& place) {
+    std::error_code failed;
+    fs::path folder = fs::absolute(place, failed).lexically_normal();
+    if (fs::is_regular_file(folder, failed)) folder = fs::path(check::folderOf(folder.string()));
+    if (folder.filename().empty() && folder.has_parent_path()) folder = folder.parent_path();
+    if (folder.empty()) return fmt::format("{} does not stand in the folder \"data\" of a study.", place);
+    if (!fs::is_regular_file(storeIn(folder.string()), failed))
+        return fmt::format("{} holds no study: there is no file data/TavixData.mdb in it.", folder.string());
+    try {
+        start(folder.string(), book::open(storeIn(folder.string())));
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return {};
+}
+
+std::string make(const std::string& folder, bool ofSample) {
+    std::error_code failed;
+    const fs::path place = fs::absolute(folder, failed).lexically_normal();
+    for (const char* taken : {"data", "Patients"}) {
+        if (fs::exists(place / taken, failed))
+            return fmt::format("{} has a folder \"{}\" already, which stays as it is. Choose another folder.",
+                               place.string(), taken);
+    }
+    try {
+        fs::create_directories(place / "Patients");
+        book::Book empty = book::fresh();
+        if (ofSample) {
+            const std::string sample = sampleFolder();
+            if (sample.empty()) return "The sample experiment is not installed.";
+            fs::copy(sample + "/Patients", place / "Patients");
+            empty = book::ofTables(sample + "/tables");
+        } else {
+            bookScenarios::add(empty, "My scenario");
+        }
+        const updateStore::Outcome made =
+            bookStore::save({storeIn(place.string()), place.string()}, book::fresh(), empty, {});
+        if (!made.problems.empty()) return made.problems.front();
+    } catch (const fs::filesystem_error& error) {
+        return fmt::format("{}: {}", error.path1().string(), error.code().message());
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return open(place.string());
+}
+
+bool hasDraft() {
+    const std::optional<bookDraft::Draft> draft = draftOfThis();
+    return draft && !book::same(draft->now, state.history.now);
+}
+
+void takeDraft() {
+    if (std::optional<bookDraft::Draft> draft = draftOfThis()) {
+        state.history.saved = std::move(draft->opened);
+        bookHistory::take(state.history, std::move(draft->now), "What was not saved");
+        tell();
+    }
+}
+
+void dropDraft() { bookDraft::forget(draftFolder()); }
+
+const book::Book& book() { return state.history.now; }
+const bookHistory::History& history() { return state.history; }
+const std::vector<check::Finding>& findings() { return state.findings; }
+
+std::string edit(const std::string& what, const std::function<std::string(book::Book&)>& change,
+                 const std::string& of) {
+    book::Book next = state.history.now;
+    std::string problem = change(next);
+    if (problem.empty() && bookHistory::take(state.history, std::move(next), what, of)) tell();
+    return problem;
+}
+
+void undo() {
+    if (bookHistory::undo(state.history)) tell();
+}
+
+void redo() {
+    if (bookHistory::redo(state.history)) tell();
+}
+
+void keepDraft() {
+    if (!isOpen()) return;
+    if (!bookHistory::isChanged(state.history)) return dropDraft();
+    bookDraft::keep(draftFolder(), {store(), state.history.saved, state.history.now});
+}
+
+updateStore::Outcome save(bool closed) {
+    updateStore::Outcome outcome =
+        bookStore::save({store(), state.folder}, state.history.saved, state.history.now, {.closed = closed});
+    if (!outcome.problems.empty()) return outcome;
+    state.history.saved = state.history.now;
+    tell();
+    return outcome;
+}
+
+std::string rehearsal(const std::string& scenario) {
+    const std::string place = files::freshFolder("tavix-studio");
+    book::Book played = state.history.now;
+    if (!scenario.empty()) {
+        for (const std::string& name : bookScenarios::namesOf(played)) {
+            if (!check::sameName(name, scenario)) bookScenarios::remove(played, name);
+        }
+    }
+    linkFiles(fs::path(place) / "Patients");
+    played.files.clear();
+    const updateStore::Outcome made = bookStore::save({storeIn(place), place}, book::fresh(), played, {});
+    if (!made.problems.empty()) {
+        fs::remove_all(place);
+        throw std::runtime_error(made.problems.front());
+    }
+    return place;
+}
+
+std::string fileOf(const std::string& name) {
+    const auto draft = state.history.now.files.find(name);
+    return draft == state.history.now.files.end() ? state.folder + "/Patients/" + name : draft->second;
+}
+
+void putFile(book::Book& book, const std::string& name, const std::string& bytes) {
+    book.files[name] = bookDraft::putAside(draftFolder(), name, bytes);
+}
+
+void whenChanged(std::function<void()> heard) { listeners.push_back(std::move(heard)); }
+
+}  // namespace workspace
