@@ -1,5 +1,6 @@
 #include "studio/listPages.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -35,7 +36,7 @@ struct Kind {
 };
 
 grid::View viewOf(const book::Book& book, const Kind& kind) {
-    grid::View view{{kind.title}, {}, {}};
+    grid::View view{{QString(kind.value)}, {}, {}};
     for (const int row : rowsWith(book, kind.table, kind.key, kind.name())) {
         view.rows << QString::number(view.rows.size() + 1);
         view.places.push_back({Place{kind.table, row, kind.value}});
@@ -104,7 +105,7 @@ Block block(const Kind& kind) {
     column->addWidget(title);
     column->addWidget(grid.table, 1);
     column->addLayout(buttons);
-    grid.table->setColumnWidth(0, 260);
+    grid.table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     return {whole, grid};
 }
 

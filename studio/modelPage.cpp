@@ -114,8 +114,10 @@ void onRow(const grid::Grid& grid, const char* table, const std::vector<int>& ro
 void rowButtons(QHBoxLayout* line, const grid::Grid& grid, const char* table, const QString& what,
                 const std::function<std::vector<int>()>& rows) {
     const auto act = [=](const QString& verb, int by) {
-        const QString text = verb + " " + what;
-        button(text, line, [=] { onRow(grid, table, rows(), text.toStdString(), by); });
+        const std::string step = (verb + " the " + what).toStdString();
+        button(verb, line, [=] {
+            onRow(grid, table, rows(), step, by);
+        })->setAccessibleName(QString::fromStdString(step));
     };
     act("Remove", 0);
     act("Move up", -1);
@@ -135,9 +137,12 @@ QGroupBox* group(const QString& title, const std::vector<QWidget*>& widgets, QHB
 /// As high as its rows need, so that the page scrolls and not the grid.
 void fit(QTableWidget& table) {
     table.resizeColumnsToContents();
-    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth();
+    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth() + 4;
+    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() + 4;
     for (int row = 0; row < table.rowCount(); ++row) height += table.rowHeight(row);
-    table.setFixedHeight(height + 14);
+    for (int column = 0; column < table.columnCount(); ++column) width += table.columnWidth(column);
+    table.setFixedHeight(height);
+    table.setMaximumWidth(width);
 }
 
 QGroupBox* ratesGroup(const Scenario& scenario, const grid::Grid& rates, QLabel* sum) {

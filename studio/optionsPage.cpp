@@ -3,6 +3,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <map>
@@ -73,6 +74,7 @@ void place(Building& building, QGroupBox& group, const std::string& column, cons
     help->setWordWrap(true);
     help->setProperty("role", "help");
     if (captioned) {
+        if (qobject_cast<QLineEdit*>(field.widget) != nullptr) field.widget->setMaximumWidth(90);
         auto* const caption = new QLabel(words.name);
         caption->setBuddy(field.widget);
         rows->addRow(caption, field.widget);

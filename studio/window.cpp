@@ -22,6 +22,7 @@
 #include "studio/notices.h"
 #include "studio/safely.h"
 #include "studio/scenarioPage.h"
+#include "studio/sheet.h"
 #include "studio/startPage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
@@ -292,15 +293,15 @@ void buildFrame() {
     across->addWidget(w.tree);
     across->addWidget(w.stack);
     across->setStretchFactor(1, 1);
-    across->setSizes({220, 900});
+    across->setSizes({210, 1000});
     down->addWidget(across);
     down->addWidget(w.findings.widget);
     down->setStretchFactor(0, 1);
-    down->setSizes({560, 170});
+    down->setSizes({640, 120});
     w.problem->setProperty("role", "error");
     w.main->statusBar()->addPermanentWidget(w.problem, 1);
     w.main->setCentralWidget(down);
-    w.main->resize(1240, 820);
+    w.main->resize(1280, 860);
 }
 
 }  // namespace
@@ -313,6 +314,7 @@ void open(const std::string& folder) {
 
 void show() {
     w.main = new QMainWindow;
+    w.main->setStyleSheet(sheet::text());
     w.tree = new QTreeWidget;
     w.stack = new QStackedWidget;
     w.problem = new QLabel;
