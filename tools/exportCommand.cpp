@@ -2,7 +2,7 @@
 
 #include "study/exportDataset.h"
 #include "tools/commands.h"
-#include "tools/progressLine.h"
+#include "platform/progressLine.h"
 #include "tools/told.h"
 
 namespace commands {

@@ -5,7 +5,7 @@
 
 #include "study/mergeStores.h"
 #include "tools/commands.h"
-#include "tools/progressLine.h"
+#include "platform/progressLine.h"
 
 namespace commands {
 

@@ -2,7 +2,7 @@
 
 #include "study/plainCopy.h"
 #include "tools/commands.h"
-#include "tools/progressLine.h"
+#include "platform/progressLine.h"
 
 namespace commands {
 

@@ -1,0 +1,36 @@
+// What marks a store as one of simulated subjects: two tables that no store of people has. One tells of each
+// run that wrote into it, the other of each subject.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/layer/engine.h"
+
+namespace simulated {
+
+/// A row a run: program, policies, scenarios, seed, parameters, subjects, trials, shard, and when it began.
+inline constexpr const char* runs = "pilotRuns";
+/// A row a subject: name, policy, scenario, seed, number and how the session ended.
+inline constexpr const char* subjects = "pilotSubjects";
+
+/// What every text about such a store calls its subjects.
+inline constexpr const char* called = "simulated subjects";
+
+/// Whether this is the name of one of the two tables.
+bool isMark(std::string_view table);
+
+/// Whether a store holds simulated subjects.
+bool isMarked(engine::Connection& database);
+
+/// Makes the two tables where they are missing.
+void mark(engine::Connection& database);
+
+/// The columns of a run that two parts of it have in common, and that its continuation must have too: all but
+/// the moment.
+std::vector<std::string> runColumns();
+/// The columns of a subject, the name in front.
+std::vector<std::string> subjectColumns();
+
+}  // namespace simulated
