@@ -63,7 +63,8 @@ void addOptions(CLI::App& app, Run& run, std::vector<std::string>& policies, std
         ->check(CLI::Range(1, 1024));
     app.add_option("--shard", shard, "play one of n equal parts only; tavixdb merge makes them one store")
         ->option_text("I/N");
-    app.add_flag("--resume", run.resume, "go on with the store of the same command that was broken off");
+    app.add_flag("--resume", run.resume,
+                 "go on with the store of the same command that was broken off, or begin it");
     app.add_option("--now", run.setup.now, "date and time at which each session begins")
         ->capture_default_str();
     app.add_option("--limit", run.setup.limit,

@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <map>
+#include <filesystem>
 #include <stdexcept>
 
 #include "pilot/rowBytes.h"
+#include "platform/files.h"
+#include "platform/onLeave.h"
 #include "store/layer/database.h"
 #include "store/layer/dialect.h"
 #include "store/layer/schema.h"
@@ -47,18 +49,31 @@ void takeRows(std::string_view& bytes, std::vector<Row>& rows) {
     }
 }
 
+/// The subjects of a store that only `add` has written to: no row has ever gone.
+std::int64_t count(engine::Connection& database) {
+    const std::string last = fmt::format("SELECT ifnull(max(rowid), 0) FROM {}", simulated::subjects);
+    return std::get<std::int64_t>(readStore::select(database, last).rows[0][0]);
+}
+
 }  // namespace
 
 void make(const std::string& file, const emptyStore::Layout& layout, const Row& run) {
     const std::string place = draft::freshPlace(file);
-    const engine::Database database = engine::create(place, store::password);
-    engine::execute(*database, "BEGIN");
-    emptyStore::make(*database, layout);
-    simulated::mark(*database);
-    std::vector<std::string> columns = simulated::runColumns();
-    columns.emplace_back("Began");
-    engine::execute(*database, dialect::insertion(simulated::runs, columns), run);
-    engine::execute(*database, "COMMIT");
+    const OnLeave unlocked = files::lockFolder(std::filesystem::path(place).parent_path().string());
+    draft::freshPlace(file);  // another program may have had the folder until now
+    const std::string draft = draft::of(place);
+    draft::remove(draft);
+    {
+        const engine::Database database = engine::create(draft, store::password);
+        engine::execute(*database, "BEGIN");
+        emptyStore::make(*database, layout);
+        simulated::mark(*database);
+        std::vector<std::string> columns = simulated::runColumns();
+        columns.emplace_back("Began");
+        engine::execute(*database, dialect::insertion(simulated::runs, columns), run);
+        engine::execute(*database, "COMMIT");
+    }
+    std::filesystem::rename(draft, place);
 }
 
 std::int64_t subjectsIn(const std::string& file, const emptyStore::Layout& layout, const Row& run) {
@@ -81,9 +96,7 @@ std::int64_t subjectsIn(const std::string& file, const emptyStore::Layout& layou
     }
     if (!differing.empty())
         throw std::runtime_error(fmt::format("{}: was begun by another command:{}", file, differing));
-    const auto count =
-        readStore::select(*database, fmt::format("SELECT count(*) FROM {}", simulated::subjects));
-    return std::get<std::int64_t>(count.rows[0][0]);
+    return count(*database);
 }
 
 std::string rowsOf(engine::Connection& database, const Row& subject) {
@@ -97,7 +110,7 @@ std::string rowsOf(engine::Connection& database, const Row& subject) {
     return bytes;
 }
 
-void add(engine::Connection& database, std::span<const std::string> subjects) {
+void add(engine::Connection& database, std::span<const std::string> subjects, std::int64_t before) {
     const std::vector<std::string> names = tables();
     std::vector<std::vector<Row>> rows(names.size());
     for (const std::string& subject : subjects) {
@@ -105,6 +118,7 @@ void add(engine::Connection& database, std::span<const std::string> subjects) {
         for (std::vector<Row>& table : rows) takeRows(bytes, table);
     }
     engine::execute(database, "BEGIN IMMEDIATE");
+    if (count(database) != before) throw std::runtime_error("another run writes into the same store");
     for (std::size_t i = 0; i < names.size(); ++i) {
         const std::vector<std::string> columns =
             engine::columnsOf(database, "SELECT * FROM " + dialect::quoted(names[i]));

@@ -25,7 +25,8 @@ std::int64_t subjectsIn(const std::string& file, const emptyStore::Layout& layou
 /// All rows of results in the store that a subject has just played on, and of the row that tells of it.
 std::string rowsOf(engine::Connection& database, const std::vector<engine::Value>& subject);
 
-/// Adds subjects, as `rowsOf` gave them, in one transaction.
-void add(engine::Connection& database, std::span<const std::string> subjects);
+/// Adds subjects, as `rowsOf` gave them, in one transaction, to the `before` that are there. Throws
+/// std::runtime_error where there are others.
+void add(engine::Connection& database, std::span<const std::string> subjects, std::int64_t before);
 
 }  // namespace outputStore

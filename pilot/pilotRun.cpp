@@ -119,8 +119,9 @@ Outcome play(const Run& run) {
     const std::int64_t first = plan.firstOf(run.shard);
     const std::int64_t end = plan.firstOf(run.shard + 1);
     const std::vector<Value> row = rowOf(run);
-    if (!run.resume) outputStore::make(run.file, layout, row);
-    std::int64_t done = run.resume ? outputStore::subjectsIn(run.file, layout, row) : 0;
+    const bool begins = !run.resume || !std::filesystem::exists(run.file);
+    if (begins) outputStore::make(run.file, layout, row);
+    std::int64_t done = begins ? 0 : outputStore::subjectsIn(run.file, layout, row);
 
     interruption::watch();
     const engine::Database database = engine::open(run.file, store::password, engine::Access::Write);
@@ -128,7 +129,7 @@ Outcome play(const Run& run) {
     std::vector<std::string> waiting;
     auto written = std::chrono::steady_clock::now();
     const auto write = [&] {
-        outputStore::add(*database, waiting);
+        outputStore::add(*database, waiting, done);
         done += static_cast<std::int64_t>(waiting.size());
         waiting.clear();
         written = std::chrono::steady_clock::now();

@@ -17,6 +17,7 @@
 #include "study/figures.h"
 #include "study/pageParts.h"
 #include "study/readStore.h"
+#include "study/simulated.h"
 
 namespace report {
 
@@ -156,24 +157,23 @@ int chosen(const Study& study, const std::string& patient) {
 }
 
 /// Written piece by piece: as one value the patients would take ten times the room.
-void writeData(std::ostream& page, const std::string& file, const Study& study, int patient) {
+void writeData(std::ostream& page, const std::string& store, const Study& study, int patient) {
     Words words;
-    page << "{\"store\":" << scriptText(fs::path(file).filename().string())
-         << ",\"subjects\":" << scriptText(study.subjects) << ",\"scenarios\":" << scriptText(study.scenarios)
-         << ",\"chosen\":" << patient << ",\n\"figures\":" << scriptText(allFigures(study))
-         << ",\n\"patients\":[";
+    page << "{\"store\":" << scriptText(store) << ",\"subjects\":" << scriptText(study.subjects)
+         << ",\"scenarios\":" << scriptText(study.scenarios) << ",\"chosen\":" << patient
+         << ",\n\"figures\":" << scriptText(allFigures(study)) << ",\n\"patients\":[";
     for (const Patient& each : study.patients)
         page << (&each == study.patients.data() ? "\n" : ",\n") << scriptText(ofPatient(each, words));
     page << "],\n\"words\":" << scriptText(words.list) << "}";
 }
 
-void writePage(std::ostream& page, const std::string& file, const Study& study, int patient) {
+void writePage(std::ostream& page, const std::string& store, const Study& study, int patient) {
     std::string_view rest = pageParts::frame;
     for (std::size_t at = rest.find('@'); at != std::string_view::npos; at = rest.find('@')) {
         page << rest.substr(0, at);
         const std::size_t end = rest.find('@', at + 1);
         const std::string_view part = rest.substr(at + 1, end - at - 1);
-        if (part == "DATA") writeData(page, file, study, patient);
+        if (part == "DATA") writeData(page, store, study, patient);
         if (part == "STYLE") page << pageParts::style;
         if (part == "SCRIPT") page << pageParts::script;
         if (part == "LIBRARY") page << "/*\n" << pageParts::licence << "*/\n" << pageParts::library;
@@ -209,7 +209,9 @@ void write(const std::string& file, const std::string& page, const std::string& 
     const std::string draft = page + ".tavixdb";
     const OnLeave cleared([&] { fs::remove(draft, failed); });
     std::ofstream out(draft, std::ios::binary);
-    writePage(out, file, study, shown);
+    std::string store = fs::path(file).filename().string();
+    if (simulated::isMarked(*database)) store += fmt::format(" ({})", simulated::called);
+    writePage(out, store, study, shown);
     out.close();
     if (!out) throw std::runtime_error(page + ": cannot be written");
     fs::rename(draft, page, failed);

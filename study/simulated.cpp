@@ -3,7 +3,11 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <set>
+
 #include "platform/text.h"
+#include "store/layer/dialect.h"
+#include "study/readStore.h"
 #include "study/storeTable.h"
 
 namespace simulated {
@@ -20,6 +24,20 @@ void make(engine::Connection& database, const char* table, std::vector<std::stri
     engine::execute(database, fmt::format("CREATE TABLE {} ({})", table, fmt::join(columns, ", ")));
 }
 
+/// Adds the rows that are not there by their first `key` columns.
+void uniteTable(engine::Connection& from, engine::Connection& to, const char* table, std::size_t key) {
+    const auto keyOf = [key](const std::vector<engine::Value>& row) {
+        std::string all;
+        for (std::size_t i = 0; i < key; ++i) all += readStore::textOf(row[i]) + '\n';
+        return text::folded(all);
+    };
+    std::set<std::string> there;
+    for (const auto& row : readStore::table(to, table).rows) there.insert(keyOf(row));
+    engine::Rows source = readStore::table(from, table);
+    std::erase_if(source.rows, [&](const auto& row) { return !there.insert(keyOf(row)).second; });
+    engine::executeAll(to, dialect::insertion(table, source.columns), source.rows);
+}
+
 }  // namespace
 
 bool isMark(std::string_view table) {
@@ -33,6 +51,13 @@ void mark(engine::Connection& database) {
     run.emplace_back("Began");
     make(database, runs, run);
     make(database, subjects, subjectColumns());
+}
+
+void unite(engine::Connection& from, engine::Connection& to) {
+    if (!isMarked(from)) return;
+    mark(to);
+    uniteTable(from, to, runs, runColumns().size());
+    uniteTable(from, to, subjects, 1);
 }
 
 std::vector<std::string> runColumns() {

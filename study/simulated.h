@@ -27,6 +27,10 @@ bool isMarked(engine::Connection& database);
 /// Makes the two tables where they are missing.
 void mark(engine::Connection& database);
 
+/// Adds what `from` tells of runs and simulated subjects and `to` does not yet. Nothing comes of a store of
+/// people.
+void unite(engine::Connection& from, engine::Connection& to);
+
 /// The columns of a run that two parts of it have in common, and that its continuation must have too: all but
 /// the moment.
 std::vector<std::string> runColumns();
