@@ -69,9 +69,8 @@ void nameRows(Hands& hands, const std::vector<Belief>& beliefs) {
     }
 }
 
-/// What each meter is to show: what is believed, within its limits, and within 100 together where the meters
-/// push each other.
-std::vector<int> wanted(const std::vector<Belief>& beliefs, bool yoked) {
+/// What each meter is to show: what is believed, within its limits, and within 100 together if asked.
+std::vector<int> wanted(const std::vector<Belief>& beliefs, bool within100) {
     std::vector<int> values;
     int sum = 0;
     for (int row = 0; row < rows(); ++row) {
@@ -81,7 +80,7 @@ std::vector<int> wanted(const std::vector<Belief>& beliefs, bool yoked) {
         values.push_back(std::clamp(percent, meter.min.toInt(), meter.max.toInt()));
         sum += values.back();
     }
-    while (yoked && sum > wholeBelief) {
+    while (within100 && sum > wholeBelief) {
         --*std::ranges::max_element(values);
         --sum;
     }
@@ -154,14 +153,19 @@ void prescribe(Hands& hands, int treatment) {
     press(hands, frmTavix.cmdPrescribe);
 }
 
-void stateBeliefs(Hands& hands, const std::vector<Belief>& beliefs, bool yoked) {
+void stateBeliefs(Hands& hands, const std::vector<Belief>& beliefs, bool within100) {
     if (windows::isUsable(f.cboHypothesis[rows() - 1])) {
         dropOthers(hands, beliefs);
         nameRows(hands, beliefs);
     }
-    moveMeters(hands, wanted(beliefs, yoked));
+    moveMeters(hands, wanted(beliefs, within100));
     if (!f.cmdDiagnose.enabled) touchMeter(hands);
     press(hands, f.cmdDiagnose);
+}
+
+void stateLeast(Hands& hands, const std::string& disease) {
+    const std::string named = isNamed(0) ? f.cboHypothesis[0].text : disease;
+    stateBeliefs(hands, {{named, wholeBelief}}, true);
 }
 
 }  // namespace hands

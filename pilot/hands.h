@@ -37,8 +37,11 @@ void issue(Hands& hands, int test);
 void note(Hands& hands, const std::string& text);
 void prescribe(Hands& hands, int treatment);
 
-/// In the open diagnosis: names diseases, moves the meters, commits. The dialog stays open where it refuses
-/// something; its label says what.
-void stateBeliefs(Hands& hands, const std::vector<Belief>& beliefs, bool yoked);
+/// In the open diagnosis: names diseases, moves the meters, commits. Where the meters push each other, or a
+/// sum that is too large may not be rescaled, beliefs are to stay `within100` together. The dialog stays open
+/// where it refuses something; its label says what.
+void stateBeliefs(Hands& hands, const std::vector<Belief>& beliefs, bool within100);
+/// The least that the dialog can be left by: one disease, the one that it names already if it does.
+void stateLeast(Hands& hands, const std::string& disease);
 
 }  // namespace hands

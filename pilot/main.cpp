@@ -2,6 +2,8 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
 #include <iostream>
 
 #include "pilot/pilotRun.h"
@@ -23,7 +25,8 @@ bool takeShard(const std::string& text, Run& run) {
 void takePolicies(const std::vector<std::string>& names, Run& run) {
     for (const std::string& name : names) {
         for (const Policy& policy : policies::all()) {
-            if (name == policy.name || name == "all") run.policies.push_back(&policy);
+            const bool listed = std::ranges::find(run.policies, &policy) != run.policies.end();
+            if (!listed && (name == policy.name || name == "all")) run.policies.push_back(&policy);
         }
     }
 }

@@ -123,10 +123,10 @@ void diagnose(Desk& d) {
     }
     if (++d.tries > triesBeforeCancel && windows::isUsable(frmDiagnosis.cmdCancel)) {
         hands::press(d.hands, frmDiagnosis.cmdCancel);
+    } else if (d.tries > triesBeforeLeast) {
+        hands::stateLeast(d.hands, d.task.diseases.front());
     } else {
-        if (d.tries > triesBeforeLeast && !d.task.diseases.empty())
-            d.stated = std::vector<Belief>{{d.task.diseases.front(), 100}};
-        hands::stateBeliefs(d.hands, *d.stated, d.task.yoked);
+        hands::stateBeliefs(d.hands, *d.stated, d.task.yoked || d.task.normalized);
     }
     if (frmDiagnosis.form.visible) return;
     ++d.committed;
