@@ -65,6 +65,11 @@ struct Task {
     bool normalized = false;     ///< beliefs are rescaled when they are stated
     bool diagnoseAfterTests = false;
     bool stopsTime = false;  ///< time stands still while the diagnosis is open
+    /// FeedbackDiseaseP: the score holds a belief against the computed chance, and otherwise against 0.
+    bool comparesChance = true;
+    bool showsBaseRates = false;  ///< which of the tables stand on the screen
+    bool showsSymptoms = false;
+    bool showsTreatments = false;
 };
 
 /// The statistics of the scenario, in the words dealt to this subject, in whole percents; shown to the
