@@ -8,6 +8,7 @@
 #include "platform/numberText.h"
 #include "store/layer/schema.h"
 #include "study/checkRules.h"
+#include "study/timeLimit.h"
 
 namespace check {
 
@@ -143,9 +144,9 @@ double longestLife(const Study& study) {
 }
 
 void judgeEnd(Study& study, int row, int start, int hours) {
-    constexpr int dial = 12;
-    if (start + hours % dial < dial && hours % dial != 0) return;
-    const bool never = (start + hours) % dial == 0;
+    const timeLimit::Comes comes = timeLimit::whenComes(start, hours);
+    if (comes == timeLimit::Comes::AsPlanned) return;
+    const bool never = comes == timeLimit::Comes::Never;
     const bool overflows = longestTrace(hours) < longestLife(study);
     study.add(overflows ? Grade::Error : Grade::Warning, study.sheet("tblAppDefault"), row, "StartHour",
               fmt::format(
