@@ -10,6 +10,9 @@ namespace policies {
 
 Mind silent(const Briefing& briefing);
 Mind random(const Briefing& briefing);
+Mind bayes(const Briefing& briefing);
+Mind anchored(const Briefing& briefing);
+Mind satisficer(const Briefing& briefing);
 
 /// All of them, in the order of the help.
 std::span<const Policy> all();
