@@ -180,8 +180,14 @@ void listScenarios(Study& study) {
 
 }  // namespace
 
+Study assembled(std::map<std::string, Sheet, std::less<>> sheets, const std::string& folder) {
+    Study study{.folder = folder, .sheets = std::move(sheets)};
+    listScenarios(study);
+    return study;
+}
+
 Study read(const std::string& file, const std::string& folder) {
-    Study study{.folder = folder};
+    std::map<std::string, Sheet, std::less<>> sheets;
     const engine::Database database = readStore::open(file);
     readStore::select(*database, "BEGIN");  // one moment of the store for all tables
     const engine::Rows names =
@@ -197,10 +203,9 @@ Study read(const std::string& file, const std::string& folder) {
         if (sheet.there)
             sheet.content =
                 readStore::select(*database, fmt::format("SELECT * FROM [{}]{}", table.name, rows));
-        study.sheets.emplace(sheet.name, std::move(sheet));
+        sheets.emplace(sheet.name, std::move(sheet));
     }
-    listScenarios(study);
-    return study;
+    return assembled(std::move(sheets), folder);
 }
 
 }  // namespace check

@@ -85,6 +85,9 @@ std::vector<int> wordRows(const Study& study, std::string_view type);
 /// The rows of a table in the order of their names, as the sign-in lists them.
 std::vector<int> sortedByName(const Sheet& sheet);
 
+/// A study of these tables, each there or not, whether a store holds them or not yet.
+Study assembled(std::map<std::string, Sheet, std::less<>> sheets, const std::string& folder);
+
 Study read(const std::string& file, const std::string& folder);
 
 }  // namespace check
