@@ -86,6 +86,10 @@ Task readTask() {
     task.normalized = static_cast<bool>(Options.Normalize);
     task.diagnoseAfterTests = static_cast<bool>(Options.DiagnoseAfterTests);
     task.stopsTime = static_cast<bool>(Options.TimeStopDiagnosis);
+    task.comparesChance = static_cast<bool>(Options.FeedbackDiseaseP);
+    task.showsBaseRates = static_cast<bool>(Options.ViewBaseRates);
+    task.showsSymptoms = static_cast<bool>(Options.ViewSymptomDisease);
+    task.showsTreatments = static_cast<bool>(Options.ViewTreatmentDisease);
     return task;
 }
 
