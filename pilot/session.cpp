@@ -118,8 +118,13 @@ Act askMind(Desk& d) {
 void diagnose(Desk& d) {
     if (!d.stated) {
         const Act act = askMind(d);
-        if (act.kind != Act::Kind::Diagnose) return wait(d, act.milliseconds);
-        d.stated = act.beliefs;
+        if (act.kind == Act::Kind::Diagnose) {
+            d.stated = act.beliefs;
+        } else if (windows::isUsable(frmDiagnosis.cmdCancel)) {
+            return hands::press(d.hands, frmDiagnosis.cmdCancel);
+        } else {
+            return wait(d, act.milliseconds);
+        }
     }
     if (++d.tries > triesBeforeCancel && windows::isUsable(frmDiagnosis.cmdCancel)) {
         hands::press(d.hands, frmDiagnosis.cmdCancel);
@@ -141,7 +146,9 @@ void carryOut(Desk& d, const Act& act) {
         case Act::Kind::Issue: hands::issue(d.hands, act.index); break;
         case Act::Kind::Diagnose:
             d.stated = act.beliefs;
-            hands::press(d.hands, frmTavix.cmdDiagnosis);  // comes back when the dialog is closed
+            hands::hesitate(d.hands);
+            // A diagnosis that was forced meanwhile has taken them down.
+            if (d.stated) person::press(frmTavix.cmdDiagnosis);  // comes back when the dialog is closed
             break;
         case Act::Kind::Prescribe:
             hands::prescribe(d.hands, act.index);
