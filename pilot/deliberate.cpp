@@ -15,8 +15,8 @@ namespace {
 
 constexpr int mostPrescriptions = 3;
 constexpr double pointsOfHarm = 20;
-/// From one act to the next, on the wall: to see it, to decide, and the few presses that it takes.
-constexpr double secondsToAct = 3;
+/// From one act to the next, on the wall: to see it, to decide, and the presses that it takes.
+constexpr double secondsToAct = 2;
 constexpr double minutesInHour = 60;
 
 struct Memory {
