@@ -7,6 +7,7 @@
 
 #include "pilot/policy.h"
 #include "pilot/responseTimes.h"
+#include "study/simulated.h"
 
 struct Setup {
     std::string folder;  ///< the program's, with `Patients` in it
@@ -31,7 +32,7 @@ namespace session {
 inline constexpr const char* left = "left";       ///< the patient's time was up and the subject went home
 inline constexpr const char* ended = "ended";     ///< the program ended itself
 inline constexpr const char* faulted = "fault ";  ///< with number and text behind it
-inline constexpr const char* complete = "complete";
+inline constexpr const char* complete = simulated::complete;
 
 /// Plays the session on the store in use; one of the texts above tells how it ended. False dates throw
 /// std::runtime_error.

@@ -7,9 +7,11 @@
 
 #include "platform/checkedInteger.h"
 #include "platform/numberText.h"
+#include "platform/text.h"
 #include "study/courses.h"
 #include "study/readStore.h"
 #include "study/rowStream.h"
+#include "study/simulated.h"
 
 namespace pilotFigures {
 
@@ -26,6 +28,7 @@ constexpr std::string_view timeEnd = "Time End";
 struct Group {
     std::vector<const Patient*> patients;
     std::vector<std::vector<double>> changes;  ///< of the score, by subject and patient
+    int brokenOff = 0;
     Pairs stated;  ///< each hypothesis of a last diagnosis, and 1 where it was the hidden disease
 };
 
@@ -67,18 +70,25 @@ survival::Life lifeOf(const Patient& patient) {
             patient.result == "Dead" || (twice && patient.health.value_or(0) <= 0)};
 }
 
-Groups grouped(const Study& study) {
-    std::vector<std::string> policies;
-    for (const std::string& subject : study.subjects)
-        policies.push_back(policyOf(subject).value_or("people"));
+Groups grouped(engine::Connection& store, const Study& study) {
+    const auto simulations = simulated::subjectsOf(store);
+    std::vector<simulated::Subject> players;
+    for (const std::string& subject : study.subjects) {
+        const auto found = simulations.find(text::folded(subject));
+        players.push_back(found == simulations.end() ? simulated::Subject{"people", ""} : found->second);
+    }
     Groups groups;
     const Patient* before = nullptr;
     double score = 0;
     Group* last = nullptr;
     for (const Patient& patient : study.patients) {
         const bool isSame = before != nullptr && before->subject == patient.subject;
-        Group& group = groups[{patient.scenario, policies[patient.subject]}];
-        if (!isSame || &group != last) group.changes.emplace_back();
+        const simulated::Subject& player = players[patient.subject];
+        Group& group = groups[{patient.scenario, player.policy}];
+        if (!isSame || &group != last) {
+            group.changes.emplace_back();
+            if (!player.ended.empty() && player.ended != simulated::complete) ++group.brokenOff;
+        }
         if (!isSame) score = study.startScores[patient.scenario];
         last = &group;
         before = &patient;
@@ -162,7 +172,7 @@ void takeMeans(Outcome& outcome, const Group& group) {
 
 std::vector<Outcome> of(engine::Connection& store) {
     const Study study = courses::readPatients(store);
-    Groups groups = grouped(study);
+    Groups groups = grouped(store, study);
     takeStated(store, study, groups);
     std::vector<Outcome> outcomes;
     for (const auto& [key, group] : groups) {
@@ -170,6 +180,7 @@ std::vector<Outcome> of(engine::Connection& store) {
         outcome.scenario = study.scenarios[key.first];
         outcome.policy = key.second;
         outcome.subjects = static_cast<int>(group.changes.size());
+        outcome.brokenOff = group.brokenOff;
         outcome.figures = figures::of(group.patients);
         outcome.figures.calibration = figures::binned(group.stated);
         outcome.startScore = study.startScores[key.first];
@@ -179,22 +190,6 @@ std::vector<Outcome> of(engine::Connection& store) {
         outcomes.push_back(std::move(outcome));
     }
     return outcomes;
-}
-
-std::optional<std::string> policyOf(std::string_view subject) {
-    const auto isDigits = [](std::string_view part) {
-        return !part.empty() && std::ranges::all_of(part, [](char c) { return c >= '0' && c <= '9'; });
-    };
-    const std::size_t second = subject.rfind('-');
-    if (second == std::string_view::npos || second == 0 || subject.size() < second + 3) return {};
-    const std::size_t first = subject.rfind('-', second - 1);
-    if (first == std::string_view::npos || first == 0) return {};
-    const std::string_view number = subject.substr(second + 1, subject.size() - second - 2);
-    const char letter = subject.back();
-    if (!isDigits(number) || !isDigits(subject.substr(first + 1, second - first - 1)) || letter < 'a' ||
-        letter > 'z')
-        return {};
-    return std::string(subject.substr(0, first));
 }
 
 }  // namespace pilotFigures

@@ -1,11 +1,10 @@
 // What simulated subjects reached: for each scenario and policy how patients ended and how long they lived,
-// how the score moved, and how beliefs stood to the chances. The policy is read from the subject's name.
+// how the score moved, and how beliefs stood to the chances.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "store/layer/engine.h"
@@ -25,6 +24,7 @@ struct Outcome {
     std::string scenario;
     std::string policy;
     int subjects = 0;
+    int brokenOff = 0;                    ///< subjects whose session did not come to its last patient
     figures::Figures figures;             ///< without times of acts
     std::optional<figures::Spread> life;  ///< simulated minutes until any end, of patients with one
     double meanLife = 0;                  ///< of the same
@@ -37,11 +37,8 @@ struct Outcome {
     std::optional<double> miscalibration;  ///< mean of |belief - share true| over the tenths of belief
 };
 
-/// By scenario, then by policy, each sorted. Subjects whose names no pilot gives stand under "people". Throws
+/// By scenario, then by policy, each sorted. Subjects that no pilot has played stand under "people". Throws
 /// std::runtime_error, which names the table that cannot be read.
 std::vector<Outcome> of(engine::Connection& store);
-
-/// The policy in a subject's name, as `bayes` in `bayes-3-00017p`; nothing in another name.
-std::optional<std::string> policyOf(std::string_view subject);
 
 }  // namespace pilotFigures

@@ -8,6 +8,7 @@
 #include "platform/text.h"
 #include "store/layer/dialect.h"
 #include "study/readStore.h"
+#include "study/rowStream.h"
 #include "study/storeTable.h"
 
 namespace simulated {
@@ -45,6 +46,15 @@ bool isMark(std::string_view table) {
 }
 
 bool isMarked(engine::Connection& database) { return storeTable::exists(database, runs); }
+
+std::unordered_map<std::string, Subject> subjectsOf(engine::Connection& database) {
+    std::unordered_map<std::string, Subject> all;
+    if (!storeTable::exists(database, subjects)) return all;
+    rowStream::each(database, subjects, {"Subject", "Policy", "Ended"}, [&](const auto& row) {
+        all[text::folded(readStore::textOf(row[0]))] = {readStore::textOf(row[1]), readStore::textOf(row[2])};
+    });
+    return all;
+}
 
 void mark(engine::Connection& database) {
     std::vector<std::string> run = runColumns();

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "store/layer/engine.h"
@@ -18,11 +19,23 @@ inline constexpr const char* subjects = "pilotSubjects";
 /// What every text about such a store calls its subjects.
 inline constexpr const char* called = "simulated subjects";
 
+/// How a session ended that came to the end of its last patient.
+inline constexpr const char* complete = "complete";
+
 /// Whether this is the name of one of the two tables.
 bool isMark(std::string_view table);
 
 /// Whether a store holds simulated subjects.
 bool isMarked(engine::Connection& database);
+
+/// What the second table tells of a subject.
+struct Subject {
+    std::string policy;
+    std::string ended;  ///< how its session ended
+};
+
+/// All of them by name, case aside (text::folded); none in a store that holds people alone.
+std::unordered_map<std::string, Subject> subjectsOf(engine::Connection& database);
 
 /// Makes the two tables where they are missing.
 void mark(engine::Connection& database);
