@@ -75,7 +75,7 @@ Groups grouped(engine::Connection& store, const Study& study) {
     std::vector<simulated::Subject> players;
     for (const std::string& subject : study.subjects) {
         const auto found = simulations.find(text::folded(subject));
-        players.push_back(found == simulations.end() ? simulated::Subject{"people", ""} : found->second);
+        players.push_back(found == simulations.end() ? simulated::Subject{people, ""} : found->second);
     }
     Groups groups;
     const Patient* before = nullptr;

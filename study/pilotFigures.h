@@ -37,7 +37,10 @@ struct Outcome {
     std::optional<double> miscalibration;  ///< mean of |belief - share true| over the tenths of belief
 };
 
-/// By scenario, then by policy, each sorted. Subjects that no pilot has played stand under "people". Throws
+/// What stands for the policy of subjects that no pilot has played.
+inline constexpr const char* people = "people";
+
+/// By scenario, then by policy, each sorted. Throws
 /// std::runtime_error, which names the table that cannot be read.
 std::vector<Outcome> of(engine::Connection& store);
 
