@@ -1,6 +1,6 @@
-# The page of tavixdb's report: its parts in study/page/ and the modules of the plots' library, which the
-# distribution brings, become one source of the study floor under the build tree. Each module stands behind
-# those that it uses.
+# The pages of the reports, on a study and on simulated subjects: their parts in study/page/ and the modules
+# of the plots' library, which the distribution brings, become one source of the study floor under the build
+# tree. Each module and each script stands behind those that it uses.
 
 set(page ${CMAKE_SOURCE_DIR}/study/page)
 set(modules "")
@@ -11,10 +11,18 @@ foreach(module array collection color format interpolate path selection time tim
 endforeach()
 
 set(made ${CMAKE_BINARY_DIR}/generated/pageParts.cpp)
-set(parts ${page}/report.html ${page}/report.css ${page}/report.js ${page}/licence.txt)
+set(report base reportData reportScore reportBeliefs reportEnds reportLine reportPeople)
+set(pilot base pilotData pilotLives pilotMinds)
+set(parts ${page}/report.html ${page}/pilot.html ${page}/report.css ${page}/licence.txt)
+foreach(script ${report} ${pilot})
+  list(APPEND parts ${page}/${script}.js)
+endforeach()
 list(JOIN modules "|" joined)
+list(JOIN report "|" joinedReport)
+list(JOIN pilot "|" joinedPilot)
 add_custom_command(OUTPUT ${made} VERBATIM
-  COMMAND ${CMAKE_COMMAND} -DPAGE=${page} -DMODULES=${joined} -DMADE=${made}
+  COMMAND ${CMAKE_COMMAND} -DPAGE=${page} -DMODULES=${joined} -DREPORT=${joinedReport}
+          -DPILOT=${joinedPilot} -DMADE=${made}
           -P ${CMAKE_SOURCE_DIR}/cmake/writePageParts.cmake
   DEPENDS ${parts} ${modules} ${CMAKE_SOURCE_DIR}/cmake/writePageParts.cmake)
 target_sources(tavix_study PRIVATE ${made})

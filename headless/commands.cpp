@@ -61,14 +61,17 @@ int milliseconds(const std::string& text) {
     return duration;
 }
 
-ScriptValue propertyOf(const std::string& target) {
+/// A control's property, found once and read as often as it is asked for.
+std::function<ScriptValue()> readerOf(const std::string& target) {
     const std::size_t point = target.rfind('.');
     const Control& control = controlNamed(target.substr(0, point));
     if (point == std::string::npos) throw Refused{target + " is a form: which property of it?"};
-    const std::optional<ScriptValue> value = properties::read(control, target.substr(point + 1));
-    if (!value) throw Refused{"there is no property " + target};
-    return *value;
+    properties::Reader read = properties::readerOf(control.kind, target.substr(point + 1));
+    if (!read) throw Refused{"there is no property " + target};
+    return [&control, read = std::move(read)] { return read(control); };
 }
+
+ScriptValue propertyOf(const std::string& target) { return readerOf(target)(); }
 
 ScriptValue fieldOf(const std::string& path) {
     const std::optional<ScriptValue> value = stateFields::read(path);
@@ -140,7 +143,8 @@ void runUntil(const CommandLine& line) {
     const int duration = milliseconds(line.arguments[0]);
     const std::string& target = line.arguments[2];
     const std::string wanted = line.lastOf(5);
-    Awaited awaited{[&] { return sameValue(propertyOf(target), wanted); }};
+    const std::function<ScriptValue()> read = readerOf(target);
+    Awaited awaited{[&] { return sameValue(read(), wanted); }};
     if (awaited.holds()) return;
     {
         underWay.push_back(&awaited);
@@ -148,9 +152,8 @@ void runUntil(const CommandLine& line) {
         virtualTime::pass(duration, [&] { return awaited.seen || awaited.holds(); });
     }
     if (awaited.seen || awaited.holds()) return;
-    throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target,
-                              scriptValue::printed(propertyOf(target)), scriptValue::printed(wanted),
-                              line.arguments[0])};
+    throw Refused{fmt::format("{} is \"{}\" and not \"{}\" after {} ms", target, scriptValue::printed(read()),
+                              scriptValue::printed(wanted), line.arguments[0])};
 }
 
 /// "0.5" or "0.5x4000".

@@ -1,7 +1,6 @@
 #include "headless/properties.h"
 
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <set>
 
@@ -31,7 +30,7 @@ ScriptValue selectedLines(const Control& list) {
 
 struct Readable {
     std::set<Kind> kinds;  ///< empty: all kinds
-    std::function<ScriptValue(const Control&)> read;
+    Reader read;
 };
 
 const std::map<std::string, Readable>& readables() {
@@ -62,12 +61,11 @@ const std::map<std::string, Readable>& readables() {
 
 }  // namespace
 
-std::optional<ScriptValue> read(const Control& control, const std::string& property) {
+Reader readerOf(Kind kind, const std::string& property) {
     const auto found = readables().find(property);
-    if (found == readables().end()) return std::nullopt;
+    if (found == readables().end()) return {};
     const Readable& readable = found->second;
-    if (!readable.kinds.empty() && !readable.kinds.contains(control.kind)) return std::nullopt;
-    return readable.read(control);
+    return readable.kinds.empty() || readable.kinds.contains(kind) ? readable.read : Reader();
 }
 
 }  // namespace properties

@@ -1,7 +1,7 @@
 // What a script can ask of a control: its properties.
 #pragma once
 
-#include <optional>
+#include <functional>
 #include <string>
 
 #include "forms/control.h"
@@ -9,7 +9,9 @@
 
 namespace properties {
 
-/// The property; places in twips. Nothing for a property that the kind of control does not have.
-std::optional<ScriptValue> read(const Control& control, const std::string& property);
+using Reader = std::function<ScriptValue(const Control&)>;
+
+/// Reads the property of that name; places in twips. Empty for one that the kind of control does not have.
+Reader readerOf(Kind kind, const std::string& property);
 
 }  // namespace properties

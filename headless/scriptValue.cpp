@@ -23,6 +23,7 @@ std::string onOneLine(const std::string& text) {
 
 std::string textOf(const ScriptValue& value) {
     if (value.is_string()) return value.get<std::string>();
+    if (value.is_boolean()) return value.get<bool>() ? "true" : "false";
     if (value.is_number_float()) return numberText::general(value.get<double>());
     return value.dump(-1, ' ', false, ScriptValue::error_handler_t::replace);
 }

@@ -72,11 +72,19 @@ std::string_view skipBlanks(std::string_view source) {
 
 }  // namespace
 
-std::string whole(Int32 value) { return fmt::format("{}", value.raw); }
+std::string whole(Int32 value) { return std::to_string(value.raw); }
 
 std::string padded(Int32 value, int digits) {
-    const std::string plain = fmt::format("{:0{}}", std::llabs(value.raw), digits);
+    std::string plain = std::to_string(std::llabs(value.raw));
+    if (plain.size() < static_cast<std::size_t>(digits))
+        plain.insert(0, static_cast<std::size_t>(digits) - plain.size(), '0');
     return value < 0 ? "-" + plain : plain;
+}
+
+std::string oneDecimal(Int16 tenths) {
+    std::string text = padded(tenths, 2);
+    text.insert(text.size() - 1, 1, '.');
+    return text;
 }
 
 std::string twoDecimals(double value) {
@@ -118,7 +126,10 @@ bool isNumeric(std::string_view source) {
 std::string clockText(Int16 hour, Int16 minute) {
     Int16 shown = hour % dial::hours;
     if (shown == 0) shown = dial::hours;
-    return (shown < 10 ? "0" : "") + whole(shown) + ":" + (minute < 10 ? "0" : "") + whole(minute);
+    std::string text = shown < 10 ? "0" : "";
+    text += whole(shown);
+    text += minute < 10 ? ":0" : ":";
+    return text += whole(minute);
 }
 
 std::string toBase(Int32 value, Int16 base) {

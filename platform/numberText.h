@@ -15,6 +15,9 @@ std::string whole(Int32 value);
 /// At least `digits` digits, padded with zeros on the left and never cut ("00", "000").
 std::string padded(Int32 value, int digits);
 
+/// Tenths as a number with one decimal: 734 gives 73.4, and 750 gives 75.0.
+std::string oneDecimal(Int16 tenths);
+
 /// Two decimals ("0.00"). Halves go away from zero, judged on the decimal form of up to 15 significant
 /// digits, so that 0.285 gives 0.29.
 std::string twoDecimals(double value);

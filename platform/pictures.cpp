@@ -3,7 +3,9 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <unordered_map>
 
 #include "platform/fault.h"
 #include "platform/pictureReaders.h"
@@ -37,14 +39,33 @@ bool isWhole(std::FILE* file) {
     return false;
 }
 
+/// What a file is known by: it has been changed if one of them has.
+struct Stamp {
+    std::filesystem::file_time_type written;
+    std::uintmax_t bytes = 0;
+
+    friend bool operator==(const Stamp&, const Stamp&) = default;
+};
+
+/// Of an ordinary file; nothing where there is none.
+std::optional<Stamp> stampOf(const std::string& path) {
+    std::error_code failed;
+    if (!std::filesystem::is_regular_file(path, failed)) return std::nullopt;
+    return Stamp{std::filesystem::last_write_time(path, failed), std::filesystem::file_size(path, failed)};
+}
+
 }  // namespace
 
 void check(const std::string& path) {
-    std::error_code failed;
+    // The pictures come again with every round of the roster, and reading one takes milliseconds.
+    static std::unordered_map<std::string, Stamp> whole;
+    const std::optional<Stamp> stamp = stampOf(path);
     std::unique_ptr<std::FILE, Closer> file;
-    if (std::filesystem::is_regular_file(path, failed)) file.reset(std::fopen(path.c_str(), "rb"));
+    if (stamp) file.reset(std::fopen(path.c_str(), "rb"));
     if (!file) raiseFault(FaultNumber::FileNotFound, path);
+    if (const auto known = whole.find(path); known != whole.end() && known->second == *stamp) return;
     if (!isWhole(file.get())) raiseFault(FaultNumber::InvalidPicture, path);
+    whole.insert_or_assign(path, *stamp);
 }
 
 }  // namespace pictures

@@ -71,6 +71,6 @@ int main(int argc, char** argv) {
     realTimers::build();
     keyPause::enforce();
     heldInput::enforce();
-    edge::run(run::startApplication);
+    edge::run([] { run::startApplication(); });
     return QApplication::exec();
 }

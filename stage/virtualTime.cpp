@@ -14,53 +14,92 @@ namespace virtualTime {
 
 namespace {
 
-struct Armed {
+/// A timer as the queue knows it.
+struct Slot {
     Control* timer;
+    std::uint64_t order = 0;  ///< of its arming that counts; 0 while it is off
+    bool running = false;     ///< its handler waits, under a box
+};
+
+/// An arming. It counts as long as its timer has not been armed anew, or switched off, since.
+struct Armed {
     std::int64_t due;
     std::uint64_t order;
+    std::size_t slot;
 };
 
 std::int64_t now = 0;
 std::chrono::sys_seconds start;
 std::uint64_t armedSoFar = 0;
-std::vector<Armed> queue;
-std::vector<Control*> running;
+std::vector<Slot> slots;
+std::vector<Armed> queue;  ///< a heap, what is due first on top
 
-void disarm(const Control& timer) {
-    std::erase_if(queue, [&timer](const Armed& armed) { return armed.timer == &timer; });
+bool isLater(const Armed& a, const Armed& b) { return a.due != b.due ? a.due > b.due : a.order > b.order; }
+
+void takeTop() {
+    std::pop_heap(queue.begin(), queue.end(), isLater);
+    queue.pop_back();
 }
 
-void arm(Control& timer, std::int64_t due) {
-    disarm(timer);
-    if (timer.interval > 0) queue.push_back({&timer, due, ++armedSoFar});
+/// Brings the top, whose time has moved on, to its place: half the work of taking it off and adding it anew.
+void sinkTop() {
+    const Armed moved = queue.front();
+    std::size_t at = 0;
+    for (std::size_t next = 1; next < queue.size(); next = 2 * at + 1) {
+        if (next + 1 < queue.size() && isLater(queue[next], queue[next + 1])) ++next;
+        if (!isLater(moved, queue[next])) break;
+        queue[at] = queue[next];
+        at = next;
+    }
+    queue[at] = moved;
+}
+
+/// The arming that is due first, or none; those that no longer count are dropped on the way.
+const Armed* earliest() {
+    while (!queue.empty() && slots[queue.front().slot].order != queue.front().order) takeTop();
+    return queue.empty() ? nullptr : &queue.front();
+}
+
+std::size_t slotOf(Control& timer) {
+    std::size_t at = 0;
+    while (at < slots.size() && slots[at].timer != &timer) ++at;
+    if (at == slots.size()) slots.push_back({&timer});
+    return at;
+}
+
+void arm(std::size_t slot) {
+    const Int32 interval = slots[slot].timer->interval;
+    if (interval <= 0) return;
+    slots[slot].order = ++armedSoFar;
+    queue.push_back({now + interval.toInt(), armedSoFar, slot});
+    std::push_heap(queue.begin(), queue.end(), isLater);
 }
 
 void watchTimer(Control& control, Property property) {
     if (control.kind == Kind::Form && property == Property::Design) {
-        std::erase_if(queue, [](const Armed& armed) { return !armed.timer->enabled; });
+        for (Slot& slot : slots) {
+            if (!slot.timer->enabled) slot.order = 0;
+        }
     }
     if (control.kind != Kind::Timer) return;
     if (property != Property::Enabled && property != Property::Interval) return;
-    if (control.enabled) {
-        arm(control, now + control.interval.toInt());
-    } else {
-        disarm(control);
-    }
+    const std::size_t slot = slotOf(control);
+    slots[slot].order = 0;
+    if (control.enabled) arm(slot);
 }
 
-std::vector<Armed>::iterator earliest() {
-    return std::min_element(queue.begin(), queue.end(), [](const Armed& a, const Armed& b) {
-        return a.due != b.due ? a.due < b.due : a.order < b.order;
-    });
-}
-
-/// A tick of a timer whose handler is still running, under a box, is lost.
-void fire(const Armed& armed) {
-    Control& timer = *armed.timer;
-    arm(timer, armed.due + timer.interval.toInt());
-    if (!timer.on.timer || std::find(running.begin(), running.end(), &timer) != running.end()) return;
-    running.push_back(&timer);
-    const OnLeave stop([&timer] { std::erase(running, &timer); });
+/// Fires what stands on top of the queue, which is armed anew before. A tick of a timer whose handler is
+/// still running, under a box, is lost.
+void fireTop() {
+    Armed& top = queue.front();
+    const std::size_t at = top.slot;
+    const Control& timer = *slots[at].timer;
+    top.due += timer.interval.toInt();
+    top.order = slots[at].order = ++armedSoFar;
+    sinkTop();
+    if (!timer.on.timer || slots[at].running) return;
+    slots[at].running = true;
+    const OnLeave stop([at] { slots[at].running = false; });
     timer.on.timer();
 }
 
@@ -85,6 +124,7 @@ bool begin(const std::string& text) {
             std::chrono::seconds(second);
     now = 0;
     armedSoFar = 0;
+    slots.clear();
     queue.clear();
     watchControls(watchTimer);
     return true;
@@ -96,13 +136,11 @@ std::string timeOfDay() { return fmt::format("{:%H:%M:%S}", moment()); }
 
 void pass(std::int64_t duration, const std::function<bool()>& stop) {
     std::int64_t remaining = duration;
-    while (true) {
-        const auto next = earliest();
-        if (next == queue.end() || next->due - now > remaining) break;
+    for (const Armed* next = earliest(); next != nullptr && next->due - now <= remaining; next = earliest()) {
         const std::int64_t step = std::max<std::int64_t>(0, next->due - now);
         remaining -= step;
         now += step;
-        fire(Armed(*next));
+        fireTop();
         if (stop()) return;
     }
     now += remaining;

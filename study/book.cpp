@@ -81,7 +81,7 @@ bool same(const Book& a, const Book& b) {
 check::Study studyOf(const Book& book, const std::string& folder) {
     check::Sheets sheets;
     for (const auto& [name, sheet] : book.sheets) sheets.emplace(name, *sheet);
-    check::Study study = check::of(std::move(sheets), folder);
+    check::Study study = check::assembled(std::move(sheets), folder);
     study.drafts = book.files;
     return study;
 }

@@ -31,7 +31,7 @@ std::string folderOf(const std::string& file) {
 }
 
 std::vector<Finding> look(const std::string& file, const std::string& folder) {
-    return look(of(sheetsOf(file), folder));
+    return look(read(file, folder));
 }
 
 std::vector<Finding> look(Study study) {

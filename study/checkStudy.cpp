@@ -185,6 +185,14 @@ void listScenarios(Study& study) {
 
 }  // namespace
 
+Study assembled(Sheets sheets, const std::string& folder) {
+    Study study{.folder = folder, .sheets = std::move(sheets)};
+    listScenarios(study);
+    return study;
+}
+
+Study read(const std::string& file, const std::string& folder) { return assembled(sheetsOf(file), folder); }
+
 Sheets sheetsOf(const std::string& file) {
     Sheets sheets;
     const engine::Database database = readStore::open(file);
@@ -205,12 +213,6 @@ Sheets sheetsOf(const std::string& file) {
         sheets.emplace(sheet.name, std::move(sheet));
     }
     return sheets;
-}
-
-Study of(Sheets sheets, const std::string& folder) {
-    Study study{.folder = folder, .sheets = std::move(sheets)};
-    listScenarios(study);
-    return study;
 }
 
 }  // namespace check

@@ -93,7 +93,9 @@ std::vector<int> sortedByName(const Sheet& sheet);
 /// The tables of a store as of one moment. Of the results only those of the subjects have their rows here.
 Sheets sheetsOf(const std::string& file);
 
-/// A study of these tables, with its scenarios.
-Study of(Sheets sheets, const std::string& folder);
+/// A study of these tables, each there or not, whether a store holds them or not yet.
+Study assembled(Sheets sheets, const std::string& folder);
+
+Study read(const std::string& file, const std::string& folder);
 
 }  // namespace check

@@ -6,9 +6,9 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <functional>
 #include <map>
-#include <set>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -93,31 +93,47 @@ void eachRow(engine::Connection& database, const std::string& table, const std::
     }
 }
 
-/// Names in the order without regard to case, each with its place.
+/// Names in the order without regard to case, each with its place. A store can hold tens of thousands.
 struct Names {
-    std::map<std::string, std::string> spellings;  ///< by the folded form; the first spelling stays
+    struct Name {
+        std::string spelling;  ///< the first one stays
+        std::size_t place = 0;
+    };
+    std::map<std::string, Name> byFolded;
 
-    void add(const std::string& name) { spellings.emplace(text::folded(name), name); }
-    [[nodiscard]] std::vector<std::string> list() const {
+    void add(const std::string& name) { byFolded.emplace(text::folded(name), Name{name}); }
+    /// To be called when all are in; `placeOf` holds from then on.
+    [[nodiscard]] std::vector<std::string> list() {
         std::vector<std::string> all;
-        for (const auto& [folded, name] : spellings) all.push_back(name);
+        for (auto& [folded, name] : byFolded) {
+            name.place = all.size();
+            all.push_back(name.spelling);
+        }
         return all;
     }
-    [[nodiscard]] std::size_t place(const std::string& name) const {
-        return static_cast<std::size_t>(std::distance(spellings.begin(), spellings.find(text::folded(name))));
+    [[nodiscard]] std::size_t placeOf(const std::string& name) const {
+        return byFolded.at(text::folded(name)).place;
     }
 };
 
-/// Scenarios whose feedback shows the computed chances: elsewhere the column keeps an older text.
-std::set<std::string> scenariosWithChances(engine::Connection& database) {
-    std::set<std::string> found;
-    eachRow(database, "tblAppDefault", "Setting, FeedbackDiseaseP", [&](const Row& row) {
-        if (isSet(row[1])) found.insert(text::folded(textOf(row[0])));
+/// What the rows of a scenario are read with.
+struct Scenario {
+    bool withChances = false;  ///< the feedback shows them: elsewhere the column keeps an older text
+    int startMinute = 0;
+    double startScore = 0;
+};
+
+/// By the folded name.
+std::map<std::string, Scenario> readScenarios(engine::Connection& database) {
+    std::map<std::string, Scenario> found;
+    eachRow(database, "tblAppDefault", "Setting, FeedbackDiseaseP, StartMin, InitScore", [&](const Row& row) {
+        found[text::folded(textOf(row[0]))] = {isSet(row[1]), wholeOf(row[2]).value_or(0),
+                                               std::floor(numberText::toNumber(textOf(row[3])))};
     });
     return found;
 }
 
-Patient patientOf(const Row& row, bool withChances) {
+Patient patientOf(const Row& row, const Scenario& scenario) {
     Patient patient{};
     patient.trial = wholeOf(row[4]).value_or(0);
     patient.start = textOf(row[2]) + " " + textOf(row[3]);
@@ -132,34 +148,39 @@ Patient patientOf(const Row& row, bool withChances) {
     patient.health = numberOf(row[12]);
     if (!patient.result.empty())
         patient.state = patient.result == "Aborted by Options" ? State::Aborted : State::Finished;
-    if (patient.state == State::Finished && isSet(row[13])) {
+    patient.minutes = minutesOf(textOf(row[16]), scenario.startMinute);
+    patient.tests = wholeOf(row[17]).value_or(0);
+    patient.diagnoses = wholeOf(row[13]).value_or(0);
+    if (patient.state == State::Finished && patient.diagnoses > 0) {
         patient.belief = numberOf(row[14]);
-        if (withChances && patient.belief) patient.chance = numberOf(row[15]);
+        if (scenario.withChances && patient.belief) patient.chance = numberOf(row[15]);
     }
     return patient;
 }
 
-void readPatients(engine::Connection& database, Study& study) {
-    const std::set<std::string> withChances = scenariosWithChances(database);
+void readRows(engine::Connection& database, Study& study) {
+    std::map<std::string, Scenario> rules = readScenarios(database);
     Names subjects;
     Names scenarios;
     std::vector<std::pair<std::string, std::string>> names;  // of each patient
     eachRow(
         database, "dataTrial",
         "Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, Result, Saved, "
-        "ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease",
+        "ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease, SimTime, Tests",
         [&](const Row& row) {
             names.emplace_back(textOf(row[0]), textOf(row[1]));
             subjects.add(names.back().first);
             scenarios.add(names.back().second);
-            study.patients.push_back(patientOf(row, withChances.contains(text::folded(names.back().second))));
+            study.patients.push_back(patientOf(row, rules[text::folded(names.back().second)]));
         });
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        study.patients[i].subject = subjects.place(names[i].first);
-        study.patients[i].scenario = scenarios.place(names[i].second);
-    }
     study.subjects = subjects.list();
     study.scenarios = scenarios.list();
+    for (const std::string& name : study.scenarios)
+        study.startScores.push_back(rules[text::folded(name)].startScore);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        study.patients[i].subject = subjects.placeOf(names[i].first);
+        study.patients[i].scenario = scenarios.placeOf(names[i].second);
+    }
     std::ranges::stable_sort(study.patients, {}, &Patient::subject);
 }
 
@@ -266,10 +287,25 @@ void markRepeated(Study& study) {
 
 Study read(engine::Connection& database) {
     Study study;
-    readPatients(database, study);
+    readRows(database, study);
     readDetails(database, study, readEvents(database, study));
     markRepeated(study);
     return study;
+}
+
+Study readPatients(engine::Connection& database) {
+    Study study;
+    readRows(database, study);
+    markRepeated(study);
+    return study;
+}
+
+std::optional<int> minutesOf(const std::string& simTime, int startMinute) {
+    const auto parts = numbersIn(simTime, ':', 2);
+    if (!parts) return {};
+    const auto [hours, minute, none] = *parts;
+    const int onTheClock = (startMinute % 60 + minute + 60) % 60;
+    return 60 * hours + onTheClock - startMinute - 1;
 }
 
 std::optional<int> firstOf(const Patient& patient, Action action) {

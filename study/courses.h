@@ -51,8 +51,11 @@ struct Patient {
     std::string result;
     State state = State::Open;
     bool saved = false;
-    std::optional<int> score;      ///< after the patient; before it while Open
-    std::optional<int> duration;   ///< real seconds
+    std::optional<int> score;     ///< after the patient; before it while Open
+    std::optional<int> duration;  ///< real seconds
+    std::optional<int> minutes;   ///< simulated ones until the end, which can be more than twelve hours
+    int tests = 0;                ///< counters of the row, 0 while Open
+    int diagnoses = 0;
     std::optional<double> health;  ///< at the end
     std::optional<double>
         belief;  ///< in the hidden disease, 0 to 1; only of a finished patient with a diagnosis
@@ -64,11 +67,19 @@ struct Patient {
 struct Study {
     std::vector<std::string> subjects;   ///< sorted without regard to case, one spelling each
     std::vector<std::string> scenarios;  ///< those with patients, sorted
+    std::vector<double> startScores;     ///< of a new subject in each scenario, by the tables as they stand
     std::vector<Patient> patients;       ///< by subject, then in the order of their rows
 };
 
 /// Reads all patients. Throws std::runtime_error, which names the table that cannot be read.
 Study read(engine::Connection& database);
+
+/// The same without the events of each patient, which are most of a store.
+Study readPatients(engine::Connection& database);
+
+/// Simulated minutes from the start of a patient to what ended it. `SimTime` holds the minute that each end
+/// adds, and its hours are those that the clock has filled since `startMinute`.
+std::optional<int> minutesOf(const std::string& simTime, int startMinute);
 
 /// Real seconds until the first event of this kind, if there is one.
 std::optional<int> firstOf(const Patient& patient, Action action);

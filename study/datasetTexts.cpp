@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "study/simulated.h"
+
 namespace datasetTexts {
 
 namespace {
@@ -67,6 +69,9 @@ std::string description(const Told& told) {
         "Decisions under time pressure: subjects in the role of a doctor treat simulated patients while a "
         "simulated clock runs and the patient's health wanders downward. They note symptoms, issue tests, "
         "state beliefs in diseases and prescribe treatments.";
+    if (told.simulated)
+        text += fmt::format(" These are {}, played by tavix-pilot; no conclusion about people rests on them.",
+                            simulated::called);
     if (told.pseudonyms) text += " Pseudonyms stand in the place of the subjects' names.";
     if (told.textsOut) text += " What subjects wrote in words of their own is left out.";
     return text;

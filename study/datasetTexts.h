@@ -13,6 +13,7 @@ struct Told {
     std::string name;
     bool pseudonyms;  ///< stand in the names' place
     bool textsOut;    ///< what subjects wrote is left out
+    bool simulated;   ///< no people, or not people alone
 };
 
 std::string description(const Told& told);

@@ -19,6 +19,7 @@
 #include "study/pseudonyms.h"
 #include "study/readStore.h"
 #include "study/rowStream.h"
+#include "study/simulated.h"
 #include "study/storeTable.h"
 #include "study/tidyTables.h"
 #include "study/trialIndex.h"
@@ -198,7 +199,8 @@ void writeDataset(Export& all, const std::function<void(double)>& progress) {
         step();
     }
     writeMaterials(all);
-    const datasetTexts::Told told{all.request.name, all.key.has_value(), all.leavesTextsOut()};
+    const datasetTexts::Told told{all.request.name, all.key.has_value(), all.leavesTextsOut(),
+                                  simulated::isMarked(all.store)};
     all.dictionary.name = all.request.name;
     all.dictionary.description = datasetTexts::description(told);
     datasetFile::write((all.draft / "dataset_description.json").string(),

@@ -17,6 +17,7 @@
 #include "store/layer/engine.h"
 #include "study/draft.h"
 #include "study/readStore.h"
+#include "study/simulated.h"
 #include "study/subjectRows.h"
 
 namespace mergeStores {
@@ -41,6 +42,7 @@ struct Target {
     Holding holding;
     std::map<std::string, std::size_t> configuration;  ///< fingerprints by table
     std::map<std::string, std::string> origins;        ///< by owner: the file whose rows they are
+    bool takesAll;                                     ///< simulated subjects beside people
 };
 
 /// Every table that holds no results, those that an update has put aside too: they say under which
@@ -50,6 +52,7 @@ std::map<std::string, std::size_t> configurationOf(engine::Connection& database)
     const char* all = "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'";
     for (const auto& row : readStore::select(database, all).rows) {
         const std::string name = readStore::textOf(row[0]);
+        if (simulated::isMark(name)) continue;
         const schema::Table* known = schema::find(name);
         if (known == nullptr || known->kind == schema::Kind::Configuration)
             prints[known == nullptr ? name : std::string(known->name)] =
@@ -73,6 +76,16 @@ void compareConfiguration(const Target& target, engine::Connection& database, co
     if (!differing.empty())
         problems.push_back(fmt::format("{}: differs from {} in the tables {}", source.file, target.file,
                                        fmt::join(differing, ", ")));
+}
+
+/// Whoever counts the rows must know whether people are among them.
+void compareMarks(const Target& target, engine::Connection& database, const Source& source,
+                  std::vector<std::string>& problems) {
+    const bool own = simulated::isMarked(database);
+    if (target.takesAll || own == simulated::isMarked(target.database)) return;
+    problems.push_back(fmt::format("{}: holds {}, and {} does not; --simulated-too makes them one store",
+                                   own ? source.file : target.file, simulated::called,
+                                   own ? target.file : source.file));
 }
 
 std::vector<std::string> columnsOf(engine::Connection& database, std::string_view table) {
@@ -110,6 +123,7 @@ void compareIdentifiers(const Target& target, const Holding& own, const Source& 
 /// Enters what the source adds, unless something is against it.
 void compare(Target& target, Source& source, Outcome& outcome) {
     const engine::Database database = readStore::open(source.copy);
+    compareMarks(target, *database, source, outcome.problems);
     compareConfiguration(target, *database, source, outcome.problems);
     compareColumns(target, *database, source, outcome.problems);
     Holding own = subjectRows::read(*database);
@@ -144,14 +158,16 @@ void copyRows(const Source& source, engine::Connection& target) {
             const std::vector<std::string> columns(slice.columns.begin() + 1, slice.columns.end());
             engine::executeAll(target, dialect::insertion(std::string(table.name), columns), rows);
         });
+    simulated::unite(*database, target);
 }
 
 /// `path` is the file that grows, `file` its name for the messages.
 Outcome mergeInto(const std::string& path, const std::string& file, std::vector<Source>& sources,
-                  const Progress& progress) {
+                  bool simulatedToo, const Progress& progress) {
     const engine::Database database = engine::open(path, store::password, engine::Access::Write);
     engine::execute(*database, "BEGIN IMMEDIATE");
-    Target target{file, *database, subjectRows::read(*database), configurationOf(*database), {}};
+    Target target{file, *database,   subjectRows::read(*database), configurationOf(*database),
+                  {},   simulatedToo};
     for (const auto& [owner, name] : target.holding.names) target.origins[owner] = file;
     const double steps = 2.0 * static_cast<double>(sources.size()) + 1;
     double step = 0;
@@ -175,7 +191,8 @@ Outcome mergeInto(const std::string& path, const std::string& file, std::vector<
 
 }  // namespace
 
-Outcome merge(const std::vector<std::string>& files, const std::string& into, const Progress& progress) {
+Outcome merge(const std::vector<std::string>& files, const std::string& into, bool simulatedToo,
+              const Progress& progress) {
     std::error_code failed;
     const bool fresh = !fs::exists(into, failed);
     const std::string place = fresh ? draft::freshPlace(into) : fs::canonical(into).string();
@@ -195,7 +212,7 @@ Outcome merge(const std::vector<std::string>& files, const std::string& into, co
     for (auto file = files.begin() + (fresh ? 1 : 0); file != files.end(); ++file)
         sources.push_back({*file, copied(*file, fmt::format("{}.{}", place, sources.size() + 1))});
     try {
-        Outcome outcome = mergeInto(path, fresh ? files.front() : into, sources, progress);
+        Outcome outcome = mergeInto(path, fresh ? files.front() : into, sources, simulatedToo, progress);
         if (!fresh || !outcome.problems.empty()) return outcome;
         outcome.notes.insert(outcome.notes.begin(), files.front() + ": the new store begins as its copy");
         fs::rename(path, place);

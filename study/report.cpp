@@ -5,18 +5,17 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <unordered_map>
 
 #include "platform/numberText.h"
-#include "platform/onLeave.h"
 #include "study/courses.h"
 #include "study/figures.h"
+#include "study/pageFile.h"
 #include "study/pageParts.h"
 #include "study/readStore.h"
+#include "study/simulated.h"
 
 namespace report {
 
@@ -26,7 +25,11 @@ namespace {
 
 using courses::Patient;
 using courses::Study;
-using Json = nlohmann::json;
+using pageFile::Json;
+using pageFile::ofBins;
+using pageFile::ofSpread;
+using pageFile::orNull;
+using pageFile::scriptText;
 
 /// Texts that stand in many rows are written once; the rows hold their places.
 struct Words {
@@ -39,40 +42,6 @@ struct Words {
         return found->second;
     }
 };
-
-/// As text that can stand in a script element: no sign of it begins a tag or a comment.
-std::string scriptText(const Json& data) {
-    const std::string plain = data.dump(-1, ' ', true, Json::error_handler_t::replace);
-    std::string safe;
-    safe.reserve(plain.size());
-    for (const char c : plain) {
-        if (c == '<') {
-            safe += "\\u003c";
-        } else {
-            safe += c;
-        }
-    }
-    return safe;
-}
-
-template <class Value>
-Json orNull(const std::optional<Value>& value) {
-    return value ? Json(*value) : Json();
-}
-
-Json ofSpread(const std::optional<figures::Spread>& spread) {
-    if (!spread) return {};
-    return {{"n", spread->count}, {"marks", spread->marks}};
-}
-
-Json ofBins(const figures::Bins& bins) {
-    Json all = Json::array();
-    for (const figures::Bin& bin : bins)
-        all.push_back({{"n", bin.count},
-                       {"x", std::round(bin.across * 1000) / 1000},
-                       {"y", std::round(bin.up * 1000) / 1000}});
-    return all;
-}
 
 /// `subject` is null for all subjects of the scenario; only then are there spreads of scores.
 Json ofFigures(std::size_t scenario, const Json& subject, const figures::Figures& found) {
@@ -112,7 +81,7 @@ Json allFigures(const Study& study) {
     return all;
 }
 
-/// Rows are plain lists, since there may be hundreds of thousands; page/report.js names their places.
+/// Rows are plain lists, since there may be hundreds of thousands; page/reportData.js names their places.
 Json ofEvent(const courses::Event& event, Words& words) {
     Json row{
         event.second,         words.of(event.clock), orNull(event.health), static_cast<int>(event.action),
@@ -156,46 +125,22 @@ int chosen(const Study& study, const std::string& patient) {
 }
 
 /// Written piece by piece: as one value the patients would take ten times the room.
-void writeData(std::ostream& page, const std::string& file, const Study& study, int patient) {
+void writeData(std::ostream& page, const std::string& file, const Study& study, int patient,
+               std::size_t simulations) {
     Words words;
     page << "{\"store\":" << scriptText(fs::path(file).filename().string())
          << ",\"subjects\":" << scriptText(study.subjects) << ",\"scenarios\":" << scriptText(study.scenarios)
-         << ",\"chosen\":" << patient << ",\n\"figures\":" << scriptText(allFigures(study))
-         << ",\n\"patients\":[";
+         << ",\"simulated\":" << simulations << ",\"chosen\":" << patient
+         << ",\n\"figures\":" << scriptText(allFigures(study)) << ",\n\"patients\":[";
     for (const Patient& each : study.patients)
         page << (&each == study.patients.data() ? "\n" : ",\n") << scriptText(ofPatient(each, words));
     page << "],\n\"words\":" << scriptText(words.list) << "}";
 }
 
-void writePage(std::ostream& page, const std::string& file, const Study& study, int patient) {
-    std::string_view rest = pageParts::frame;
-    for (std::size_t at = rest.find('@'); at != std::string_view::npos; at = rest.find('@')) {
-        page << rest.substr(0, at);
-        const std::size_t end = rest.find('@', at + 1);
-        const std::string_view part = rest.substr(at + 1, end - at - 1);
-        if (part == "DATA") writeData(page, file, study, patient);
-        if (part == "STYLE") page << pageParts::style;
-        if (part == "SCRIPT") page << pageParts::script;
-        if (part == "LIBRARY") page << "/*\n" << pageParts::licence << "*/\n" << pageParts::library;
-        rest.remove_prefix(end + 1);
-    }
-    page << rest;
-}
-
-/// Whether the file is a page of ours: by the lines before its first data.
-bool isReport(const fs::path& file) {
-    const std::string_view mark = pageParts::frame.substr(0, pageParts::frame.find('@'));
-    std::string begin(mark.size(), '\0');
-    std::ifstream(file, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
-    return begin == mark;
-}
-
 }  // namespace
 
 void write(const std::string& file, const std::string& page, const std::string& patient) {
-    std::error_code failed;
-    if (fs::exists(page, failed) && !isReport(page))
-        throw std::runtime_error(page + " exists and is no report; it is not replaced");
+    pageFile::refuseOther(page, pageParts::frame);
     const engine::Database database = readStore::open(file);
     const Study study = [&] {
         try {
@@ -205,15 +150,9 @@ void write(const std::string& file, const std::string& page, const std::string& 
         }
     }();
     const int shown = chosen(study, patient);
-    // Written beside the page and moved over it when whole.
-    const std::string draft = page + ".tavixdb";
-    const OnLeave cleared([&] { fs::remove(draft, failed); });
-    std::ofstream out(draft, std::ios::binary);
-    writePage(out, file, study, shown);
-    out.close();
-    if (!out) throw std::runtime_error(page + ": cannot be written");
-    fs::rename(draft, page, failed);
-    if (failed) throw std::runtime_error(fmt::format("{}: {}", page, failed.message()));
+    const std::size_t simulations = simulated::subjectsOf(*database).size();
+    pageFile::write(page, pageParts::frame, pageParts::script,
+                    [&](std::ostream& out) { writeData(out, file, study, shown, simulations); });
 }
 
 }  // namespace report

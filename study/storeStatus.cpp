@@ -11,6 +11,7 @@
 #include "store/layer/schema.h"
 #include "study/readStore.h"
 #include "study/rowSlices.h"
+#include "study/simulated.h"
 
 namespace storeStatus {
 
@@ -115,6 +116,7 @@ Status read(const std::string& file) {
         throw std::runtime_error(fmt::format("{}: {}", file, error.text));
     }
     Status& status = reading.status;
+    status.simulated = simulated::isMarked(*database);
     for (std::size_t i = 0; i < status.scenarios.size(); ++i)
         status.scenarios[i].subjects = static_cast<int>(reading.present[i].size());
     std::ranges::stable_sort(status.subjects, std::greater<>(), &Subject::last);

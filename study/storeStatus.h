@@ -33,6 +33,7 @@ struct TableRows {
 };
 
 struct Status {
+    bool simulated = false;           ///< the subjects are no people, or not all of them
     std::vector<Scenario> scenarios;  ///< those of the sign-in first, in its order
     std::vector<Subject> subjects;    ///< who did something last comes first
     std::vector<TableRows> tables;    ///< those of the results first

@@ -4,6 +4,7 @@
 #include "forms/person.h"
 #include "headless/commands.h"
 #include "headless/player.h"
+#include "stage/virtualTime.h"
 #include "tests/stage.h"
 
 namespace {
@@ -56,6 +57,43 @@ TEST_F(Script, ListsAreJsonWhateverTheirTextsHold) {
     commands::execute(R"(expect frmTavix.lstSymptoms.items ["01) he said \"ow\" \\ a\r\nb"])");
     setCaption(frmTavix.lblWelcome, note);
     EXPECT_EQ(printedBy("get frmTavix.lblWelcome.caption"), "01) he said \"ow\" \\\\ a\\r\\nb\n");
+}
+
+TEST_F(Script, TimersFireInOrderWhateverTheirHandlersDoToThem) {
+    virtualTime::begin("2026-01-05 09:30:00");
+    Control& a = frmTavix.tmrClock;
+    Control& b = frmTavix.tmrHealth;
+    Control& c = frmTavix.tmrTestMessage;
+    std::string fired;
+    const auto note = [&](const char* name) {
+        fired += name + std::to_string(virtualTime::milliseconds()) + " ";
+    };
+    a.on.timer = [&] { note("a"); };
+    b.on.timer = [&] {
+        note("b");
+        if (virtualTime::milliseconds() == 40) setEnabled(a, false);
+    };
+    c.on.timer = [&] {
+        note("c");
+        setInterval(c, c.interval + 1);
+        virtualTime::pass(16, [] { return false; });  // a box that stands for 16 ms
+    };
+    const auto begin = [](Control& timer, int interval) {
+        setInterval(timer, interval);
+        setEnabled(timer, true);
+    };
+    begin(b, 20);
+    begin(a, 10);
+    virtualTime::pass(30, [] { return false; });
+    EXPECT_EQ(fired, "a10 b20 a20 a30 ");
+    // What is due with a timer that switches it off does not fire; unloading a form switches its timers off.
+    virtualTime::pass(30, [] { return false; });
+    EXPECT_EQ(fired, "a10 b20 a20 a30 b40 b60 ");
+    fired.clear();
+    designFrmTavix();
+    begin(c, 5);
+    virtualTime::pass(18, [] { return false; });
+    EXPECT_EQ(fired, "c65 c83 c104 ");
 }
 
 }  // namespace

@@ -1,11 +1,15 @@
 // What the report reckons from the rows of a store, and the page that it writes.
+#include <fmt/format.h>
+
 #include <filesystem>
 
 #include "platform/files.h"
 #include "study/courses.h"
 #include "study/figures.h"
+#include "study/pilotFigures.h"
 #include "study/readStore.h"
 #include "study/report.h"
+#include "study/survival.h"
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
 
@@ -101,6 +105,52 @@ TEST_F(Report, IsOnePageThatFetchesNothingAndEscapesNames) {
     std::filesystem::remove(page);
     EXPECT_EQ(refusal(""), study.storePath() + ": table dataEvents: no such table: dataEvents");
     EXPECT_FALSE(std::filesystem::exists(page + ".tavixdb"));
+}
+
+TEST(Survival, TakesOtherEndsOutOfTheSumAndDeathsOfTheirMinuteFirst) {
+    const auto steps = survival::of(
+        {{500, false}, {100, true}, {200, false}, {300, true}, {300, false}, {100, true}, {300, true}});
+    std::string told;
+    for (const survival::Step& step : steps)
+        told += fmt::format("{} {} {:.4f};", step.minute, step.left, step.alive);
+    EXPECT_EQ(told, "100 5 0.7143;200 4 0.7143;300 1 0.3571;500 0 0.3571;");
+    const auto few = survival::thinned(steps, 1);  // stretches of 480 minutes
+    EXPECT_EQ(few.size() * 1000 + static_cast<unsigned>(few.front().minute), 2300U);
+}
+
+/// Bayes in a scenario that starts at 8:45: a life over thirteen hours, one whose end reached the time limit,
+/// and a patient with two diagnoses of whom only the last one counts.
+TEST(Pilot, ReckonsLivesScoresAndBeliefsByPolicy) {
+    const TemporaryStudy study;
+    study.change(
+        "CREATE TABLE pilotSubjects AS SELECT 'bayes-1-1P' AS Subject, 'bayes' AS Policy, 'left' AS Ended");
+    study.change("INSERT INTO pilotSubjects VALUES ('bayes-1-2p', 'bayes', 'complete')");
+    study.change("UPDATE tblAppDefault SET StartMin = 45, InitScore = '100.5', FeedbackDiseaseP = -1");
+    study.change(R"(
+INSERT INTO dataTrial (Subject, Setting, Trial, Disease, Score, SimTime, EndHealth, Tests, Diagnoses, DiseaseBelief,
+    pDisease, Result, Saved) VALUES
+  ('bayes-1-1p', 'Plain', 1, 'Aavo', 110, '13:20', 0, 0, 0, '', '', 'Dead', NULL),
+  ('bayes-1-1p', 'Plain', 2, 'Aavo', 140, '01:14', 55, 3, 2, '0.80', '0.60', 'Correct Treatment', 1),
+  ('bayes-1-2p', 'Plain', 1, 'Bexo', 90, '00:12', 0, 0, 0, '', '', 'Time End', NULL),
+  ('kim', 'Plain', 1, 'Bexo', 90, '00:12', 40, 0, 0, '', '', 'Time End', NULL))");
+    study.change(R"(
+INSERT INTO dataHypotheses (EventID, Number, Guess, Belief) VALUES ('bayes-1-1p02_001', 1, 'Bexo', 95),
+  ('bayes-1-1p02_004', 2, 'Aavo', 80), ('bayes-1-1p02_004', 2, 'Bexo', 20))");
+    const auto found = pilotFigures::of(*readStore::open(study.storePath()));
+    ASSERT_EQ(found.size(), 2U);
+    const pilotFigures::Outcome& bayes = found[0];
+    EXPECT_EQ(bayes.policy + found[1].policy, "bayespeople");
+    EXPECT_EQ(bayes.subjects * 10 + bayes.brokenOff, 21);
+    // 13 hours filled since 8:45 and 20 minutes: 13 * 60 + 5 - 45 - 1; the end reckoned twice took two
+    // off 12.
+    EXPECT_EQ(bayes.life.value().marks, (std::array<double, 5>{10, 41.5, 73, 406, 739}));
+    EXPECT_EQ(bayes.survival.back().alive, 0);
+    EXPECT_EQ(found[1].survival.back().alive, 1);
+    EXPECT_EQ(bayes.change.value().value, 5);  // 20 and -10 a patient of the two subjects
+    EXPECT_NEAR(bayes.change.value().error.value(), 15, 1e-9);
+    EXPECT_FALSE(found[1].change.value().error);
+    EXPECT_EQ(bayes.startScore + bayes.tests, 101);
+    EXPECT_NEAR(bayes.miscalibration.value(), 0.2, 1e-9);
 }
 
 }  // namespace

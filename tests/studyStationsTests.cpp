@@ -36,7 +36,7 @@ void play(const TemporaryStudy& station, const std::string& subject, int trial, 
 
 std::string problemsOf(const std::vector<std::string>& files, const std::string& into) {
     std::string all;
-    for (const std::string& problem : mergeStores::merge(files, into, silent).problems)
+    for (const std::string& problem : mergeStores::merge(files, into, false, silent).problems)
         all += problem.substr(problem.rfind(':') + 2) + "/";
     return all;
 }

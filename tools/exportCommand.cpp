@@ -1,8 +1,8 @@
 #include <memory>
 
+#include "platform/progressLine.h"
 #include "study/exportDataset.h"
 #include "tools/commands.h"
-#include "tools/progressLine.h"
 #include "tools/told.h"
 
 namespace commands {

@@ -1,8 +1,8 @@
 #include <memory>
 
+#include "platform/progressLine.h"
 #include "study/plainCopy.h"
 #include "tools/commands.h"
-#include "tools/progressLine.h"
 
 namespace commands {
 

@@ -11,6 +11,7 @@
 
 #include "platform/terminal.h"
 #include "platform/text.h"
+#include "study/simulated.h"
 #include "study/storeStatus.h"
 #include "tools/commands.h"
 
@@ -94,7 +95,8 @@ std::string page(const std::string& file, const Status& status, std::size_t heig
     const std::size_t taken = scenarios.size() + tables.size() + 7;
     const std::size_t most = height == 0 ? std::numeric_limits<std::size_t>::max()
                                          : std::max(fewest, height - std::min(height, taken));
-    std::string all = fmt::format("{}\n{:%Y-%m-%d %H:%M:%S}  Subjects: {}  Last activity: {}\n", file,
+    std::string all = fmt::format("{}{}\n{:%Y-%m-%d %H:%M:%S}  Subjects: {}  Last activity: {}\n", file,
+                                  status.simulated ? fmt::format(" ({})", simulated::called) : "",
                                   fmt::localtime(std::time(nullptr)), status.subjects.size(),
                                   status.subjects.empty() ? "none" : status.subjects.front().last);
     for (const auto& lines : {scenarios, subjectLines(status, most), tables}) {

@@ -19,6 +19,7 @@ namespace engine {
 struct Connection {
     sqlite3* handle = nullptr;
     std::chrono::steady_clock::time_point waitingSince;
+    bool inMemory = false;
 };
 
 namespace {
@@ -197,7 +198,14 @@ Database create(const std::string& path, const std::string& password) {
     return database;
 }
 
+Database createInMemory() {
+    Database database = openHandle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    database->inMemory = true;
+    return database;
+}
+
 void lock(Connection& database) {
+    if (database.inMemory) return;
     try {
         execute(database, "BEGIN EXCLUSIVE");
     } catch (Error& error) {
@@ -206,6 +214,12 @@ void lock(Connection& database) {
     }
     // Only now: two connections that both keep their reading locks would wait for each other for good.
     execute(database, "PRAGMA locking_mode = EXCLUSIVE");
+}
+
+void confirm(Connection& database) {
+    if (database.inMemory) return;
+    execute(database, "COMMIT");
+    execute(database, "BEGIN EXCLUSIVE");
 }
 
 Rows query(Connection& database, const std::string& sql, std::span<const Value> values) {

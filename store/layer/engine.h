@@ -53,8 +53,15 @@ Database open(const std::string& path, const std::string& password, Access acces
 /// Makes a new encrypted file; an existing one is an error.
 Database create(const std::string& path, const std::string& password);
 
+/// Makes an empty store in memory, gone with its connection and without encryption. Nobody else can reach it,
+/// so `lock` and `confirm` have nothing to do there: what is written stays in the caller's transaction.
+Database createInMemory();
+
 /// Takes the file for this connection alone, until it is closed: no later statement can meet a lock.
 void lock(Connection& database);
+
+/// What was written under the lock is on the disk when this returns, and the lock is kept.
+void confirm(Connection& database);
 
 Rows query(Connection& database, const std::string& sql, std::span<const Value> values = {});
 

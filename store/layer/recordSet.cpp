@@ -139,9 +139,7 @@ void RecordSet::Update() {
     if (mode == Mode::Browsing) raiseFault(FaultNumber::NoCurrentRecord, table + " without AddNew or Edit");
     try {
         writeRow();
-        // On the disk now, and the file still this connection's own for the rows that follow.
-        engine::execute(database(), "COMMIT");
-        engine::execute(database(), "BEGIN EXCLUSIVE");
+        engine::confirm(database());
     } catch (const engine::Error& error) {
         throw store::faultOf(error, table);
     }

@@ -81,12 +81,7 @@ void updateHealth() {
     }
 }
 
-void showHealth() {
-    std::string text = numberText::general(trialState.health.toFloat() / 10.0);
-    const double shown = numberText::toNumber(text);
-    if (shown == std::floor(shown)) text += ".0";
-    setCaption(frmTavix.lblHealth, text + " ");
-}
+void showHealth() { setCaption(frmTavix.lblHealth, numberText::oneDecimal(trialState.health) += ' '); }
 
 void plotHealth() {
     TrialState& s = trialState;

@@ -51,8 +51,7 @@ void chargeBelief() {
     const double belief = toNumber(Options.UseNormalizeScore ? e.normalizedBeliefText : e.beliefText);
     const double diff = std::fabs(belief - toNumber(e.diseaseChanceText));
     e.diffText = numberText::general(diff);
-    const double cost = Options.MaxBeliefCost.number();
-    trialState.penalty = cost - cost * std::pow(1.0 - diff, 2.0);
+    trialState.penalty = penaltyFor(Options.MaxBeliefCost.number(), diff);
     trialState.score = round32(trialState.score.toFloat() - trialState.penalty);
     e.penaltyText = numberText::digitsOnly(trialState.penalty);
     if (e.penaltyText.empty()) e.penaltyText = "0";
@@ -90,6 +89,8 @@ void sumUp() {
 }
 
 }  // namespace
+
+double penaltyFor(double cost, double difference) { return cost - cost * std::pow(1.0 - difference, 2.0); }
 
 bool evaluateTrial() {
     const bool rescaled = takeBeliefs();

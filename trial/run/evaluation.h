@@ -12,4 +12,7 @@ namespace evaluation {
 /// and a meter refused its part: then the beliefs are scored as they stand.
 bool evaluateTrial();
 
+/// The penalty of a belief that stands `difference` (0 to 1) away from the chance; `cost` is that of 1.
+double penaltyFor(double cost, double difference);
+
 }  // namespace evaluation

@@ -118,8 +118,8 @@ void requestOptions() {
 
 }  // namespace
 
-void startApplication() {
-    showSplash();
+void startApplication(bool withSplash) {
+    if (withSplash) showSplash();
     modAppLoad::listSettings();
     windows::show(frmTavix.form);
     runHook(runHooks().prepareForSignIn);

@@ -4,8 +4,9 @@
 
 namespace run {
 
-/// Splash, sign-in, loading, first patient. Returns when the first trial is running.
-void startApplication();
+/// Splash, sign-in, loading, first patient. Returns when the first trial is running. Without a splash nothing
+/// else differs: where nobody looks its counting would be most of a short session's work.
+void startApplication(bool withSplash = true);
 
 /// The next patient: the Click of cmdNextPatient.
 void startTrial();
