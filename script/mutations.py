@@ -49,9 +49,9 @@ m('S05', 'state/TrialState.h', '    Int16 monitorX; ', '    Int32 monitorX; ', "
 # ---- store
 m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL"', 'access == Access::Read ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = FULL"', 'a reading connection cannot write')
 m('T04', 'store/layer/engine.cpp', '    require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));\n', '    static_cast<void>(compareTexts);\n', "the store's texts compare without accents' case")
-m('T06', 'store/layer/engine.cpp', 'execute(database, "BEGIN EXCLUSIVE");', 'execute(database, "BEGIN");', 'a writable set takes the file at once', K)
+m('T06', 'store/layer/engine.cpp', '        execute(database, "BEGIN EXCLUSIVE");', '        execute(database, "BEGIN");', 'a writable set takes the file at once', K)
 m('T08', 'store/layer/openTable.cpp', 'readOnly ? engine::Access::Read : engine::Access::Write', 'engine::Access::Write', 'a snapshot is opened for reading')
-m('T10', 'store/layer/recordSet.cpp', '        engine::execute(database(), "COMMIT");\n        engine::execute(database(), "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
+m('T10', 'store/layer/engine.cpp', '    execute(database, "COMMIT");\n    execute(database, "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
 m('T12', 'store/layer/recordSet.cpp', 'return !isNull() && number() != 0.0;', 'return !isNull() && number() == 1.0;', '-1 is true')
 m('T14', 'store/layer/keyDerivation.cpp', 'known[{password, salt}]', 'known[{password, Salt{}}]', 'a key belongs to its salt')
 m('T16', 'store/layer/schema.cpp', '{{"H", "", "belief of the row in percent", 6, true}}', '{{"H", "", "belief of the row in percent", 4, true}}', 'six columns of beliefs')
@@ -148,10 +148,15 @@ m('L15', 'study/csv.cpp', 'return text.empty() || text.front()', 'return text.fr
 m('L17', 'study/keptTables.cpp', 'one.date > moment', 'one.date < moment', 'a moment finds the tables of its time')
 m('L19', 'study/openSessions.cpp', 'moment(-youngMinutes)', 'moment(-2 * youngMinutes)', 'only young rows are a session')
 m('L21', 'study/updateStore.cpp', 'if (!wish.dryRun) engine', 'engine', 'a dry run changes nothing')
+# ---- pilot
+m('R01', 'pilot/pilotRun.cpp', 'engine::execute(database, "ROLLBACK");', 'engine::execute(database, "COMMIT");', 'each simulated subject finds the store empty')
+m('R03', 'pilot/pilotRun.cpp', 'all() * (shard - 1) / run.shards', '(all() / run.shards) * (shard - 1)', 'shards leave nobody out')
+m('R05', 'pilot/session.cpp', 'randomSource::fixState(chance::bits(program));', '', "a subject's chance is its own")
+m('R07', 'study/mergeStores.cpp', 'if (simulated::isMark(name)) continue;', '', 'what tells of simulated subjects is no configuration')
 
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
-    "logicTests": ["logicTests"], "toolsTests": ["toolsTests", "tavixdb"],
+    "logicTests": ["logicTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],

@@ -80,13 +80,13 @@ TEST(Pilot, rowsAreTheSameHoweverTheRunIsCut) {
 
 TEST(Pilot, brokenOffRunIsWholeAndGoesOn) {
     const Pilot pilot;
-    const std::string command = "--scenario Four --subjects 500 --trials 8 --policy random --seed 6 ";
+    const std::string command = "--scenario Four --subjects 150 --trials 4 --policy random --seed 6 ";
     pilot.run("whole", command);
     const std::string broken = outputOf("timeout --preserve-status -s INT 0.3 " + bin +
                                         "/tavix-pilot --folder " + pilot.study.folder + " --out " +
                                         pilot.at("broken") + " " + command + "2>&1; echo status $?");
     EXPECT_TRUE(tells(broken, "--resume goes on\nstatus 130")) << broken;
-    EXPECT_TRUE(tells(pilot.run("broken", command + "--jobs 2 --resume"), "500 of 500"));
+    EXPECT_TRUE(tells(pilot.run("broken", command + "--jobs 2 --resume"), "150 of 150"));
     EXPECT_EQ(pilot.results("broken"), pilot.results("whole"));
 }
 
