@@ -63,10 +63,10 @@ struct BareTask {
         }
     }
 
-    void drawCase() {
+    void drawCase() const {
         randomSource::reseed(now);
-        int drawn = randomSource::drawPercent();
-        drawn = 0;
+        randomSource::drawPercent();
+        int drawn = 0;
         for (int i = 0; i < symptoms; ++i) {
             randomSource::reseed(std::uint64_t{now} + static_cast<std::uint64_t>(drawn));
             drawn = randomSource::drawPercent();
