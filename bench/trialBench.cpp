@@ -139,6 +139,7 @@ int main() {
     constexpr int runs = 7;
     constexpr int trials = 2000;
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavixTrialBench";
+    silentPatients::makeStudy(folder.string());
     silentPatients::begin(folder.string());
     std::vector<double> rates;
     std::vector<double> ratios;
