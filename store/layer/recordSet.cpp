@@ -67,10 +67,10 @@ RecordSet RecordSet::open(const std::weak_ptr<engine::Connection>& connection, c
     set.table = dialect::tableOf(source);
     set.readOnly = readOnly;
     if (readOnly) {
-        // One state of the file for what is looked up and what is delivered.
-        engine::execute(set.database(), "BEGIN");
+        // One state of the file for what is looked up and what is delivered, also within a transaction.
+        engine::execute(set.database(), "SAVEPOINT look");
         engine::Rows rows = engine::query(set.database(), rowLookup::narrowed(set.database(), source));
-        engine::execute(set.database(), "COMMIT");
+        engine::execute(set.database(), "RELEASE look");
         set.columns = std::move(rows.columns);
         set.rows = std::move(rows.rows);
         set.loaded = true;
