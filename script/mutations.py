@@ -168,10 +168,14 @@ m('L43', 'study/figures.cpp', 'std::round(across * 100)', 'std::floor(across * 1
 m('L45', 'study/figures.cpp', 'each.disease == patient->disease ? 1 : 0', 'each.disease == patient->disease ? 0 : 1', 'beliefs are held against the hidden disease')
 m('T22', 'store/layer/rowLookup.cpp', '        if (longer.size() > mostSpellings) return {};\n', '        if (longer.size() > 1) longer.resize(1);\n', 'every spelling of a name is looked up')
 m('T24', 'store/layer/rowLookup.cpp', '!condition->beginning, mostRows', 'true, mostRows', 'the rows of a beginning are more than those that are no longer')
+m('R09', 'pilot/inference.cpp', 'all > 0 && tables.baseRates[j] > 0 ? ', 'all > 0 && tables.baseRates[j] >= 0 ? ', 'a disease that nobody has has no computed chance')
+m('R11', 'pilot/foresight.cpp', 'double sum = -std::max(at.task.testCost, 0.0);', 'double sum = 0.0;', 'a test is worth its cost or not issued')
+m('R13', 'pilot/deliberate.cpp', 'task.yoked && count > 1 ? whole + 1 - count : whole;', 'whole;', 'stated beliefs keep within yoked meters')
+m('R15', 'pilot/prospects.h', 'test->fall > testCost', 'test->fall > 0', 'a test pays by more than its cost')
 
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
-    "logicTests": ["logicTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
+    "logicTests": ["logicTests"], "mindTests": ["mindTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
