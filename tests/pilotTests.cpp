@@ -58,7 +58,8 @@ bool tells(const std::string& output, const std::string& text) {
 TEST(Pilot, rowsAreTheSameHoweverTheRunIsCut) {
     const Pilot pilot;
     const std::string command = "--scenario all --subjects 11 --trials 3 --policy silent,random --seed 5 ";
-    ASSERT_TRUE(tells(pilot.run("one", command), "44 of 44 subjects\nstatus 0"));
+    const std::string said = pilot.run("one", command);
+    ASSERT_TRUE(tells(said, "44 of 44 subjects\n") && tells(said, "\nstatus 0")) << said;
     const auto whole = pilot.results("one");
     EXPECT_EQ(pilot.select("one", "SELECT count(*) FROM dataTrial"), (decltype(whole){{"132"}}));
     EXPECT_EQ(pilot.select("one", "SELECT min(Subject), max(Ended) FROM pilotSubjects"),
