@@ -1,5 +1,6 @@
 #include "bench/silentPatients.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
@@ -12,7 +13,6 @@
 #include "stage/scriptedHost.h"
 #include "stage/virtualTime.h"
 #include "state/TrialState.h"
-#include "store/layer/database.h"
 #include "study/createStore.h"
 #include "trial/run/run.h"
 
@@ -41,11 +41,17 @@ void untilDeath() {
 
 }  // namespace
 
-void begin(const std::string& folder) {
+void makeStudy(const std::string& folder) {
     std::filesystem::create_directories(folder + "/data");
     std::error_code exists;
     std::filesystem::create_directory_symlink(std::filesystem::absolute("sample/Patients"),
                                               folder + "/Patients", exists);
+    const std::string file = folder + "/data/TavixData.mdb";
+    for (const std::string& problem : createStore::create("sample/tables", file, true).problems)
+        std::cerr << problem << '\n';
+}
+
+void begin(const std::string& folder) {
     wiring::wireForms();
     randomSource::fixState(1);
     scriptedHost::begin({folder, "2026-01-05 09:30:00"}, {answerSignIn, {}});
@@ -54,8 +60,6 @@ void begin(const std::string& folder) {
         return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
     };
     host().endProgram = [](int status) { std::_Exit(status); };
-    for (const std::string& problem : createStore::create("sample/tables", store::path(), true).problems)
-        std::cerr << problem << '\n';
     run::startApplication();
     for (Patient& patient : trialState.patients) patient.health = startHealth;
     untilDeath();

@@ -8,8 +8,11 @@ namespace silentPatients {
 
 constexpr int startHealth = 75;
 
-/// Makes a study with the tables and pictures of the sample in `folder`, signs a subject in and plays the
-/// first patient. Every patient after it starts at `startHealth`. Reads `sample/` in the current folder.
+/// Makes a study in `folder` with the tables and pictures of the sample, which is read in `sample/` of the
+/// current folder.
+void makeStudy(const std::string& folder);
+
+/// Signs a subject in and plays the first patient. Every patient after it starts at `startHealth`.
 void begin(const std::string& folder);
 
 /// Plays so many patients, each from `startTrial` to death.

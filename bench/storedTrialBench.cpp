@@ -1,6 +1,6 @@
 // Trials a second with the store: silent patients from `startTrial` to death as the real program plays them,
-// each with a row that is added and completed under full synchronisation. On the disk beside as many bare
-// appends with fsync, and on a file system in memory, where synchronising costs nothing.
+// each with a row that is added and completed under full synchronisation, beside as many bare appends with
+// fsync; and with the store in memory, as simulated subjects are played.
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -11,10 +11,15 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <vector>
 
 #include "bench/medians.h"
 #include "bench/silentPatients.h"
+#include "pilot/emptyStore.h"
+#include "platform/onLeave.h"
+#include "store/layer/database.h"
+#include "store/layer/engine.h"
 
 namespace {
 
@@ -27,12 +32,26 @@ double elapsed(const std::function<void()>& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavixStoredTrialBench";
+
 /// Seconds for one trial.
-double playIn(const std::filesystem::path& folder, int trials) {
+double playTrials(int trials) {
     silentPatients::begin(folder.string());
-    const double taken = elapsed([trials] { silentPatients::play(trials); });
-    std::filesystem::remove_all(folder);
-    return taken / trials;
+    return elapsed([trials] { silentPatients::play(trials); }) / trials;
+}
+
+double playOnDisk(int trials) {
+    silentPatients::makeStudy(folder.string());
+    return playTrials(trials);
+}
+
+double playInMemory(int trials) {
+    silentPatients::makeStudy(folder.string());
+    const std::shared_ptr<engine::Connection> database = engine::createInMemory();
+    emptyStore::make(*database, emptyStore::read((folder / "data/TavixData.mdb").string()));
+    const OnLeave used = store::playInMemory(database);
+    engine::execute(*database, "BEGIN");
+    return playTrials(trials);
 }
 
 /// Seconds for as many appends of a page as a trial has writes.
@@ -60,16 +79,15 @@ void row(const std::string& what, const std::vector<double>& seconds, const std:
 }  // namespace
 
 int main() {
-    const std::filesystem::path disk = std::filesystem::temp_directory_path();
-    const std::filesystem::path memory = "/dev/shm";
     std::vector<double> onDisk;
     std::vector<double> alone;
     std::vector<double> inMemory;
     for (int run = 0; run < runs; ++run) {
-        alone.push_back(appendAlone(disk / "tavixStoredTrialBench.page", 50));
-        onDisk.push_back(playIn(disk / "tavixStoredTrialBench", 50));
-        inMemory.push_back(playIn(memory / "tavixStoredTrialBench", 200));
+        onDisk.push_back(playOnDisk(50));
+        alone.push_back(appendAlone(folder / "page", 50));
+        inMemory.push_back(playInMemory(500));
     }
     row("silent trials, store on disk", onDisk, alone, "two appends of 4 KiB with fsync");
     row("silent trials, store in memory", inMemory, onDisk, "store on disk");
+    std::filesystem::remove_all(folder);
 }

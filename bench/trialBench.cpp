@@ -63,10 +63,10 @@ struct BareTask {
         }
     }
 
-    void drawCase() {
+    void drawCase() const {
         randomSource::reseed(now);
-        int drawn = randomSource::drawPercent();
-        drawn = 0;
+        randomSource::drawPercent();
+        int drawn = 0;
         for (int i = 0; i < symptoms; ++i) {
             randomSource::reseed(std::uint64_t{now} + static_cast<std::uint64_t>(drawn));
             drawn = randomSource::drawPercent();
@@ -139,6 +139,7 @@ int main() {
     constexpr int runs = 7;
     constexpr int trials = 2000;
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavixTrialBench";
+    silentPatients::makeStudy(folder.string());
     silentPatients::begin(folder.string());
     std::vector<double> rates;
     std::vector<double> ratios;

@@ -60,6 +60,7 @@ struct Look {
     bool alarming = false;             ///< a label that says what is wrong
     bool framed = false;               ///< a label drawn as a frame around other controls
     bool clips = false;                ///< a text too long for its place is cut and not set smaller
+    bool ticks = false;                ///< a label on a card whose text changes many times a second
     bool echoes = false;               ///< a press of the button is seen for a moment
     std::array<int, 3> ink{-1, 0, 0};  ///< lines: red, green and blue, where the theme does not choose
     Drawing drawing = Drawing::OfItsKind;

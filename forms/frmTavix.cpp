@@ -17,6 +17,7 @@ constexpr int diseaseTable = 1;
 constexpr int feedbackTable = 2;
 constexpr Look nameValue{285, true};
 constexpr Look bigValue{405, true};
+constexpr Look tickingValue{.fontSize = 405, .bold = true, .ticks = true};
 constexpr const char* chooseTreatment = "Choose Treatment...";
 constexpr std::array<int, 3> gridGrey{0xC0, 0xC0, 0xC0};
 
@@ -45,9 +46,9 @@ void designStatusLine(FrmTavix& f) {
     label(in, NAMED(f, tagScore), {2940, 60, 1500, 225}, "Score:").look = tagText;
     tagged(label(in, NAMED(f, lblScore), {2940, 300, 1560, 480}, "2000"), f.tagScore).look = bigValue;
     label(in, NAMED(f, tagClock), {4620, 60, 1350, 225}, "Time:").look = tagText;
-    tagged(label(in, NAMED(f, lblClock), {4620, 300, 1350, 480}, "01:00"), f.tagClock).look = bigValue;
+    tagged(label(in, NAMED(f, lblClock), {4620, 300, 1350, 480}, "01:00"), f.tagClock).look = tickingValue;
     label(in, NAMED(f, tagHealth), {6090, 60, 1365, 225}, "Health:").look = tagText;
-    tagged(label(in, NAMED(f, lblHealth), {6090, 300, 1365, 480}, "75.0 "), f.tagHealth).look = bigValue;
+    tagged(label(in, NAMED(f, lblHealth), {6090, 300, 1365, 480}, "75.0 "), f.tagHealth).look = tickingValue;
     design::timer(in, NAMED(f, tmrClock), 1000);
     design::timer(in, NAMED(f, tmrHealth), 30);
 }

@@ -20,6 +20,9 @@ struct Factors {
 
 Factors factorsOf(const List<ProbabilityRow>& symptoms, Int16 count, Int16 diseases) {
     Factors factors{static_cast<std::size_t>(diseases.toInt()), {}, {}};
+    const std::size_t all = static_cast<std::size_t>(count.toInt()) * factors.diseases;
+    factors.ofPresent.reserve(all);
+    factors.ofAbsent.reserve(all);
     for (Int16 s = 0; s < count; ++s) {
         for (Int16 j = 0; j < diseases; ++j) {
             const double percent = symptoms[s].percents[j].toFloat();

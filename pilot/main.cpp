@@ -8,7 +8,9 @@
 
 #include "pilot/pilotRun.h"
 #include "pilot/policies.h"
+#include "pilot/runReport.h"
 #include "platform/files.h"
+#include "study/pilotReport.h"
 
 namespace {
 
@@ -44,7 +46,14 @@ std::vector<std::string> policyNames() {
     return names;
 }
 
-void addOptions(CLI::App& app, Run& run, std::vector<std::string>& policies, std::string& shard) {
+/// What the command line sets beside the run itself.
+struct Given {
+    std::vector<std::string> policies;
+    std::string shard;
+    std::string page;
+};
+
+void addOptions(CLI::App& app, Run& run, Given& given) {
     app.add_option("--folder", run.setup.folder,
                    "the program's folder, with data and Patients in it; nothing "
                    "is written there");
@@ -55,16 +64,20 @@ void addOptions(CLI::App& app, Run& run, std::vector<std::string>& policies, std
     app.add_option("--trials", run.setup.trials, "patients of each subject")
         ->required()
         ->check(CLI::Range(1, 32'000));
-    app.add_option("--policy", policies, "how they decide: a policy, several parted by commas, or all")
+    app.add_option("--policy", given.policies, "how they decide: a policy, several parted by commas, or all")
         ->required()
         ->delimiter(',')
         ->check(CLI::IsMember(policyNames()));
     app.add_option("--seed", run.setup.seed, "number from which all chance follows")->capture_default_str();
     app.add_option("--out", run.file, "the store that is made")->required();
+    app.add_option("--report", given.page,
+                   "a page of HTML with the figures; a report that stands there is replaced")
+        ->option_text("FILE");
     app.add_option("--jobs", run.jobs, "processes at work at once")
         ->capture_default_str()
         ->check(CLI::Range(1, 1024));
-    app.add_option("--shard", shard, "play one of n equal parts only; tavixdb merge makes them one store")
+    app.add_option("--shard", given.shard,
+                   "play one of n equal parts only; tavixdb merge makes them one store")
         ->option_text("I/N");
     app.add_flag("--resume", run.resume,
                  "go on with the store of the same command that was broken off, or begin it");
@@ -109,21 +122,24 @@ int main(int argc, char** argv) {
     CLI::App app{"Plays Tavix with simulated subjects, to see what a scenario does before people come."};
     Run run;
     run.setup.folder = files::folderOfProgram();
-    std::vector<std::string> policies;
-    std::string shard;
-    addOptions(app, run, policies, shard);
+    Given given;
+    addOptions(app, run, given);
     try {
         app.parse(argc, argv);
-        takePolicies(policies, run);
-        if (!shard.empty() && !takeShard(shard, run))
-            throw CLI::ValidationError("--shard", "takes I/N with I from 1 to N, and not " + shard);
+        takePolicies(given.policies, run);
+        if (!given.shard.empty() && !takeShard(given.shard, run))
+            throw CLI::ValidationError("--shard", "takes I/N with I from 1 to N, and not " + given.shard);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : wrongCall;
     }
     try {
+        if (!given.page.empty()) pilotReport::refuseOther(given.page);
         const auto [whole, done, all] = pilotRun::play(run);
         std::cout << fmt::format("{}: {} of {} subjects\n", run.file, done, all);
-        if (whole) return 0;
+        if (whole) {
+            runReport::tell(std::cout, run.file, run.setup.folder, given.page);
+            return 0;
+        }
         std::cerr << "broken off; the same command with --resume goes on\n";
         return interrupted;
     } catch (const std::exception& error) {

@@ -234,7 +234,7 @@ std::string play(const Setup& setup, const Subject& subject) {
     Desk here{setup, subject, {setup.times, chanceOf(1)}, chanceOf(2)};
     desk = &here;
     try {
-        run::startApplication(false);
+        run::startAtSignIn();
         while (true) step();
     } catch (const SessionEnd&) {
         if (here.wentHome) return left;

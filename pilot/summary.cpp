@@ -16,10 +16,10 @@ using pilotFigures::Outcome;
 constexpr std::size_t width = 80;
 
 constexpr std::string_view meanings =
-    "life      simulated minutes until a patient's end, whatever it was: quartiles, mean\n"
-    "score     at the end of a subject; change: with a patient, and its standard error\n"
-    "          over subjects\n"
-    "belief    in the hidden disease at the end, and its computed chance; \"apart\" is the\n"
+    "life      simulated minutes to a patient's end, whatever it was: quartiles, mean\n"
+    "score     at a subject's end: quartiles; change: with a patient, with its\n"
+    "          standard error over subjects\n"
+    "belief    in the hidden disease at the end, beside its computed chance; apart:\n"
     "chance    mean distance of the two. Empty where no chance is shown or recorded\n"
     "off       mean distance between belief and share of true, over tenths of belief\n";
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <map>
 
 #include "platform/fault.h"
 
@@ -88,6 +89,23 @@ std::string trim(std::string_view source) {
     const std::size_t first = source.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return std::string(source.substr(first, source.find_last_not_of(' ') - first + 1));
+}
+
+std::vector<std::string> spellings(std::string_view character) {
+    // By what they fold to, those that others fold to as well.
+    static const std::multimap<UChar32, UChar32> others = [] {
+        std::multimap<UChar32, UChar32> known;
+        for (UChar32 code = 0; code <= UCHAR_MAX_VALUE; ++code) {
+            const UChar32 fold = u_foldCase(code, U_FOLD_CASE_DEFAULT);
+            if (fold != code) known.emplace(fold, code);
+        }
+        return known;
+    }();
+    const UChar32 fold = u_foldCase(static_cast<UChar32>(codeOf(character)), U_FOLD_CASE_DEFAULT);
+    std::vector<std::string> all{fromCode(static_cast<char32_t>(fold))};
+    for (auto [other, end] = others.equal_range(fold); other != end; ++other)
+        all.push_back(fromCode(static_cast<char32_t>(other->second)));
+    return all;
 }
 
 bool isUtf8(std::string_view bytes) {

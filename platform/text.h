@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace text {
 
@@ -25,6 +26,9 @@ std::string trim(std::string_view source);
 /// The form in which names and the store's texts compare: each letter, accented ones too, by Unicode's simple
 /// case folding. The table comes with the program's libraries, so that every station folds alike.
 std::string folded(std::string_view source);
+
+/// Every character that folds as this one does, the character itself among them: k, K and the sign of kelvin.
+std::vector<std::string> spellings(std::string_view character);
 
 /// A character as text, and the code of the first character of a text that is not empty.
 std::string fromCode(char32_t code);

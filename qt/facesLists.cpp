@@ -59,13 +59,17 @@ void hookPicks(QListWidget* list, Control& control, const std::function<void()>&
     onPerson(list, &QListWidget::itemClicked, pickPressed, show);
 }
 
+/// The toolkit paints a bar at once for each of its numbers; all of them, and both columns of a tick, are one
+/// change.
 void showProgress(QProgressBar& bar, const Control& control) {
+    bar.setUpdatesEnabled(false);
     const int gone = static_cast<int>(numberText::toNumber(control.columns[0]));
     const int left = static_cast<int>(numberText::toNumber(control.columns[1]));
     const int whole = std::max(1, gone + left);
     bar.setRange(0, whole);
     bar.setValue(std::min(gone, whole));
     bar.setFormat(QString("%1 / %2").arg(gone).arg(std::max(gone + left, 0)));
+    bar.setUpdatesEnabled(true);
 }
 
 struct Pages {

@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
+#include <algorithm>
 #include <memory>
+#include <string_view>
 
 #include "platform/fault.h"
 #include "qt/emblem.h"
@@ -69,6 +71,54 @@ void makePressable(QLabel& label, Control& control) {
     hookKeys(&label, control);
 }
 
+QString withDigits(QString text, QChar digit) {
+    for (QChar& character : text)
+        if (character.isDigit()) character = digit;
+    return text;
+}
+
+/// Whether texts of this form have the label's font whatever their digits are, and are whole in it: then a
+/// tick changes neither the font nor what is cut.
+bool fitsWithAnyDigits(const QLabel& label, const Control& control, const QString& text) {
+    const QSize room = label.contentsRect().size();
+    return std::ranges::all_of(std::string_view("0123456789"), [&](char digit) {
+        const QString other = withDigits(text, QLatin1Char(digit));
+        return labelFont(label, control, other) == label.font() &&
+               geometry::hasRoom(label.font(), other, room, 0);
+    });
+}
+
+/// A text that changes at every tick brings the card's ground along, so that nothing behind it is painted
+/// anew.
+void standAlone(QLabel& label) {
+    hookPainting(&label, [&label](QWidget*) {
+        QPainter painter(&label);
+        painter.fillRect(label.rect(), look::colours().card);
+        painter.setPen(look::colours().text);
+        painter.drawText(label.contentsRect(), static_cast<int>(label.alignment()), label.text());
+    });
+}
+
+/// A label whose text is measured anew only when more than its digits has changed.
+Face ticking(QLabel& label, Control& control) {
+    standAlone(label);
+    const auto roomy =
+        std::make_shared<QString>();  // a text with zeros that has room; empty if none is known
+    const auto restyle = [roomy, &label, &control] {
+        setLabelText(label, control);
+        label.setAttribute(Qt::WA_OpaquePaintEvent);  // the style sheet takes it away
+        const QString text = labelText(control);
+        *roomy = fitsWithAnyDigits(label, control, text) ? withDigits(text, '0') : QString();
+    };
+    const auto show = [roomy, restyle, &label, &control](Property property) {
+        if (property != Property::Caption) return;
+        const QString text = labelText(control);
+        const bool sameRoom = !roomy->isEmpty() && withDigits(text, '0') == *roomy;
+        sameRoom ? label.setText(text) : restyle();
+    };
+    return {&label, show, restyle, {}};
+}
+
 Face framed(Control& control, QWidget* parent) {
     auto* box = new QGroupBox(parent);
     const auto restyle = [box, &control] {
@@ -104,7 +154,8 @@ QPixmap readPicture(const std::string& path) {
 
 QString labelText(const Control& label) {
     static const QRegularExpression beforePercentage(" (?=\\d+%)");
-    return toQt(label.caption).replace(beforePercentage, QChar(QChar::Nbsp));
+    const QString text = toQt(label.caption);
+    return text.contains('%') ? QString(text).replace(beforePercentage, QChar(QChar::Nbsp)) : text;
 }
 
 Face frame(Control& control, QWidget* parent) { return framed(control, parent); }
@@ -119,6 +170,7 @@ Face label(Control& control, QWidget* parent) {
     if (control.look.alarming) label->setProperty("role", "error");
     if (control.on.doubleClick) makePressable(*label, control);
     const auto restyle = [label, &control] { setLabelText(*label, control); };
+    if (control.look.ticks) return ticking(*label, control);
     return {label,
             [restyle](Property property) {
                 if (property == Property::Caption) restyle();

@@ -47,6 +47,17 @@ QString family(const char* wanted, QFontDatabase::SystemFont otherwise) {
     return QFontDatabase::systemFont(otherwise).family();
 }
 
+// Looked up once: the search goes through all fonts of the desktop, and a font is asked for at every tick.
+const QString& plainFamily() {
+    static const QString name = family("Inter", QFontDatabase::GeneralFont);
+    return name;
+}
+
+const QString& fixedFamily() {
+    static const QString name = family("DejaVu Sans Mono", QFontDatabase::FixedFont);
+    return name;
+}
+
 QPalette paletteOf(const Colours& c) {
     QPalette palette;
     palette.setColor(QPalette::Window, c.window);
@@ -180,7 +191,7 @@ void apply(bool dark) {
     inUse = dark ? darkColours() : lightColours();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(paletteOf(inUse));
-    QApplication::setFont(QFont(family("Inter", QFontDatabase::GeneralFont), 10));
+    QApplication::setFont(QFont(plainFamily(), 10));
     unitInUse = 0;
     setUnit(1.0);
 }
@@ -188,8 +199,7 @@ void apply(bool dark) {
 int leastPixels() { return static_cast<int>(std::ceil(11 / qApp->devicePixelRatio())); }
 
 QFont font(const Look& wanted, double scale) {
-    QFont font(wanted.fixedWidth ? family("DejaVu Sans Mono", QFontDatabase::FixedFont)
-                                 : family("Inter", QFontDatabase::GeneralFont));
+    QFont font(wanted.fixedWidth ? fixedFamily() : plainFamily());
     font.setPixelSize(std::max(leastPixels(), qRound(wanted.fontSize * scale)));
     font.setBold(wanted.bold);
     return font;

@@ -15,10 +15,12 @@
 #include "qt/desktopTheme.h"
 #include "qt/edge.h"
 #include "qt/emblem.h"
+#include "qt/formWindow.h"
 #include "qt/heldInput.h"
 #include "qt/keyPause.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
+#include "qt/paintPace.h"
 #include "qt/pressEcho.h"
 #include "qt/realTimers.h"
 #include "screens/wiring.h"
@@ -67,6 +69,7 @@ int main(int argc, char** argv) {
     std::random_device chance;
     randomSource::fixState((std::uint64_t{chance()} << 32U) | chance());
     mirror::build();
+    paintPace::limit(*formWindow::mainWindow());
     pressEcho::begin();
     realTimers::build();
     keyPause::enforce();

@@ -49,9 +49,9 @@ m('S05', 'state/TrialState.h', '    Int16 monitorX; ', '    Int32 monitorX; ', "
 # ---- store
 m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL"', 'access == Access::Read ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = FULL"', 'a reading connection cannot write')
 m('T04', 'store/layer/engine.cpp', '    require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));\n', '    static_cast<void>(compareTexts);\n', "the store's texts compare without accents' case")
-m('T06', 'store/layer/engine.cpp', 'execute(database, "BEGIN EXCLUSIVE");', 'execute(database, "BEGIN");', 'a writable set takes the file at once', K)
+m('T06', 'store/layer/engine.cpp', '        execute(database, "BEGIN EXCLUSIVE");', '        execute(database, "BEGIN");', 'a writable set takes the file at once', K)
 m('T08', 'store/layer/openTable.cpp', 'readOnly ? engine::Access::Read : engine::Access::Write', 'engine::Access::Write', 'a snapshot is opened for reading')
-m('T10', 'store/layer/recordSet.cpp', '        engine::execute(database(), "COMMIT");\n        engine::execute(database(), "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
+m('T10', 'store/layer/engine.cpp', '    execute(database, "COMMIT");\n    execute(database, "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
 m('T12', 'store/layer/recordSet.cpp', 'return !isNull() && number() != 0.0;', 'return !isNull() && number() == 1.0;', '-1 is true')
 m('T14', 'store/layer/keyDerivation.cpp', 'known[{password, salt}]', 'known[{password, Salt{}}]', 'a key belongs to its salt')
 m('T16', 'store/layer/schema.cpp', '{{"H", "", "belief of the row in percent", 6, true}}', '{{"H", "", "belief of the row in percent", 4, true}}', 'six columns of beliefs')
@@ -69,7 +69,7 @@ m('R16', 'trial/course/modClock.cpp', '    windows::setFocus(box);\n', '    stat
 m('R18', 'trial/course/modClock.cpp', '        if (s.endPasses < 1) {', '        if (s.endPasses <= 1) {', 'the end is let go by as often as the plan passes twelve')
 m('R20', 'trial/course/modHealth.cpp', '    tellPlotWatchers(-1);\n', '', "the former patient's trace goes from the screen")
 m('R22', 'trial/course/modHealth.cpp', '    randomSource::reseed(host().milliseconds());\n', '', 'every draw is preceded by a reseed')
-m('R24', 'trial/course/modHealth.cpp', '{panel().left, y, panel().left, y, false}', '{segment.x1, segment.y1, segment.x2, segment.y2, segment.visible}', "the former patient's segments are taken back")
+m('R24', 'trial/course/modHealth.cpp', '{panel().left, y, panel().left, y, false}', '{panel().left, y, segment.x2, segment.y2, segment.visible}', "the former patient's segments are taken back")
 m('R26', 'trial/run/run.cpp', '    s.evidenceCount = 0;\n', '', 'evidence notes are counted anew for each patient')
 m('R28', 'trial/run/run.cpp', '    s.patientSaved = false;\n', '', 'saved is taken back for the next patient')
 m('R30', 'trial/run/run.cpp', '    windows::setFocus(frmTavix.cmdNextPatient);\n', '', 'the focus is on Next Patient at the end')
@@ -148,10 +148,35 @@ m('L15', 'study/csv.cpp', 'return text.empty() || text.front()', 'return text.fr
 m('L17', 'study/keptTables.cpp', 'one.date > moment', 'one.date < moment', 'a moment finds the tables of its time')
 m('L19', 'study/openSessions.cpp', 'moment(-youngMinutes)', 'moment(-2 * youngMinutes)', 'only young rows are a session')
 m('L21', 'study/updateStore.cpp', 'if (!wish.dryRun) engine', 'engine', 'a dry run changes nothing')
+# ---- pilot
+m('R01', 'pilot/pilotRun.cpp', 'engine::execute(database, "ROLLBACK");', 'engine::execute(database, "COMMIT");', 'each simulated subject finds the store empty')
+m('R03', 'pilot/pilotRun.cpp', 'all() * (shard - 1) / run.shards', '(all() / run.shards) * (shard - 1)', 'shards leave nobody out')
+m('R05', 'pilot/session.cpp', 'randomSource::fixState(chance::bits(program));', '', "a subject's chance is its own")
+m('R07', 'study/mergeStores.cpp', 'if (simulated::isMark(name)) continue;', '', 'what tells of simulated subjects is no configuration')
+# ---- check, export, merge, report
+m('L23', 'study/checkRates.cpp', 'if (sum == whole100) return;', 'if (sum >= whole100) return;', 'rates above 100 are told')
+m('L25', 'study/checkRates.cpp', 'count > mostDiseases && options.isTrue', 'count > mostSymptoms && options.isTrue', 'five symptoms are too many where all diseases are judged at once')
+m('L27', 'study/checkOptions.cpp', 'const bool testsFit = perTest * tests <= most16;', 'const bool testsFit = perTest <= most16;', 'the cost of all tests fits 16 bits')
+m('L29', 'study/tidyTrials.cpp', 'return large * 60 + small;', 'return large * 60 - small;', 'minutes and seconds add up')
+m('L31', 'study/tidyTrials.cpp', '    if (hidden && other) return {};\n', '', 'a tie of the highest beliefs is neither right nor wrong')
+m('L33', 'study/tidyTrials.cpp', 'digits.substr(digits.size() - words->symptoms.size())', 'digits.substr(0, words->symptoms.size())', 'the last digits are the findings of the words')
+m('L35', 'study/mergeStores.cpp', 'other->second == owner) continue;', 'other->second != owner) continue;', 'two subjects with one identifier are refused')
+m('L37', 'study/mergeStores.cpp', 'if (source.added.contains(owners[i]))', 'if (!owners[i].empty())', 'a subject that stands there already is not added again')
+m('L39', 'study/mergeStores.cpp', '    differences(own, target.configuration);\n', '', 'a table that only the source has is a difference')
+m('L41', 'study/figures.cpp', '(place - std::floor(place))', '(std::ceil(place) - place)', 'a quartile lies nearer to the nearer value')
+m('L43', 'study/figures.cpp', 'std::round(across * 100)', 'std::floor(across * 100)', '0.29 * 10 does not fall below its interval')
+m('L45', 'study/figures.cpp', 'each.disease == patient->disease ? 1 : 0', 'each.disease == patient->disease ? 0 : 1', 'beliefs are held against the hidden disease')
+m('T22', 'store/layer/rowLookup.cpp', '        if (longer.size() > mostSpellings) return {};\n', '        if (longer.size() > 1) longer.resize(1);\n', 'every spelling of a name is looked up')
+m('T24', 'store/layer/rowLookup.cpp', '!condition->beginning, mostRows', 'true, mostRows', 'the rows of a beginning are more than those that are no longer')
+m('R09', 'pilot/inference.cpp', 'all > 0 && tables.baseRates[j] > 0 ? ', 'all > 0 && tables.baseRates[j] >= 0 ? ', 'a disease that nobody has has no computed chance')
+m('R11', 'pilot/foresight.cpp', 'double sum = -std::max(at.task.testCost, 0.0);', 'double sum = 0.0;', 'a test is worth its cost or not issued')
+m('R13', 'pilot/deliberate.cpp', 'task.yoked && count > 1 ? whole + 1 - count : whole;', 'whole;', 'stated beliefs keep within yoked meters')
+m('R15', 'pilot/prospects.h', 'test->fall > testCost', 'test->fall > 0', 'a test pays by more than its cost')
 
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
-    "logicTests": ["logicTests"], "toolsTests": ["toolsTests", "tavixdb"],
+    "logicTests": ["logicTests"], "mindTests": ["mindTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
+    "studyExportTests": ["studyExportTests"],
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
@@ -235,6 +260,7 @@ def group(xs, base, note):
 def main():
     global M
     M = [x for x in M if x]
+    if "--help" in sys.argv: return print(__doc__)
     if "--list" in sys.argv:
         for x in M: print(x["id"], x["file"], "-", x["rule"])
         return

@@ -19,6 +19,7 @@ void make(engine::Connection& database, const schema::Table& table, int diseases
     }
     engine::execute(database,
                     fmt::format("CREATE TABLE {} ({})", dialect::quoted(std::string(table.name)), columns));
+    if (!table.lookup.empty()) engine::execute(database, schema::indexStatement(table));
 }
 
 void widen(engine::Connection& database, const schema::Table& table, const Content& content) {

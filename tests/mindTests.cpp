@@ -141,9 +141,9 @@ TEST_F(Minds, PoliciesOnTheirWayToATreatment) {
     task.diseases = {"A", "B", "C"};
     task.mostPenalty = 100;
     task.minutesPerPatient = task.simulatedHoursPerMinute = 4;
-    task.yoked = true;
+    task.yoked = task.allDiseases = true;
     EXPECT_EQ(course("bayes", task, sure, {present}), "T1D98,1,1,") << "as far as the meters go";
-    EXPECT_EQ(course("bayes", task, sure, {absent}), "T1D1,49,50,");
+    EXPECT_EQ(course("bayes", task, sure, {absent}), "T1D0,50,50,");
 }
 
 TEST_F(Minds, TheSampleBeforeAnybodyPlaysIt) {

@@ -116,6 +116,42 @@ TEST_F(Store, ReadsEditsAndFaults) {
     EXPECT_EQ(std::get<std::int64_t>(engine::query(*another(), "PRAGMA synchronous").rows[0][0]), full);
 }
 
+TEST_F(Store, LooksUpTheSameRowsInTheSameOrderWithItsIndexesAndWithout) {
+    study.change(
+        "INSERT INTO dataTrial (Subject, Trial, Score) VALUES ('kim', 2, 1), ('KIM', 3, 2), ('kimm', 3, 3), "
+        "('\u212Aim', 3, 4), ('\u00C9lan', 1, 5), ('\u00E9LAN', 1, 6), (NULL, 3, 7), ('kim', 3, 8)");
+    study.change(
+        "INSERT INTO dataGetSymptoms (EventID, Deleted, ListItem) VALUES ('Kim03_2', 6, 'a'), "
+        "('kim03_1', 0, 'A or b'), ('kim031', 0, 'a'), ('KIM03_', NULL, 'a or b'), ('kim3_', 0, 'a')");
+    const auto delivered = [](const std::string& source, bool readOnly, const char* column) {
+        std::string list;
+        RecordSet rows = openTable(source, readOnly, "test");
+        for (; !rows.isEOF(); rows.MoveNext()) list += rows.Fields(column).text() + " ";
+        return list;
+    };
+    const auto all = [&] {
+        const std::string trials = "SELECT * FROM [dataTrial] WHERE [dataTrial.Subject]=";
+        return delivered(trials + "'kIm'", true, "Score") + "/ " +
+               delivered(trials + "'kim' AND [dataTrial.Trial]=3", false, "Score") + "/ " +
+               delivered(trials + "'kim' ORDER BY Trial DESC", true, "Score") + "/ " +
+               delivered(trials + "'\u00E9lan' OR Trial = 2", true, "Score") + "/ " +
+               delivered(trials + "'ki'", true, "Score") + "/ " +
+               delivered(
+                   "SELECT * FROM [dataGetSymptoms] WHERE [dataGetSymptoms.EventID] Like 'kim03_*' AND "
+                   "NOT [dataGetSymptoms.Deleted] AND [dataGetSymptoms.ListItem]='a or b'",
+                   false, "EventID");
+    };
+    constexpr const char* expected = "1 2 4 8 / 2 4 8 / 2 4 8 1 / 1 5 6 / / kim03_1 KIM03_ ";
+    EXPECT_EQ(all(), expected);
+    EXPECT_EQ(
+        tool("PRAGMA integrity_check; SELECT count(*) FROM dataTrial INDEXED BY [dataTrial by Subject];"),
+        "ok\n8\n")
+        << "other programs, whose NOCASE stops at A to Z, find the index in order";
+    for (const char* index : {"dataTrial by Subject", "dataGetSymptoms by EventID"})
+        study.change("DROP INDEX [" + std::string(index) + "]");
+    EXPECT_EQ(all(), expected);
+}
+
 TEST_F(Store, FailuresAskWithTheCallersStatusWhileTheFileIsFree) {
     const std::string away = study.storePath() + ".away";
     fs::rename(study.storePath(), away);

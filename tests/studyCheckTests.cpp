@@ -85,6 +85,7 @@ TEST(StudyCheck, NamesEachFaultAtItsPlaceAndNothingElse) {
               "error tblAppDefault 1 StartHour"},
              {"UPDATE tblAppDefault SET HealAward=328 WHERE rowid=3", "error tblAppDefault 3 HealAward"},
              {"UPDATE tblAppDefault SET TestCost='x' WHERE rowid=3", "warning tblAppDefault 3 TestCost"},
+             {"UPDATE tblAppDefault SET TestCost=30000 WHERE rowid=3", "error tblAppDefault 3 TestCost"},
              {"UPDATE tblAppDefault SET MaxBeliefCost=32700 WHERE rowid=3",
               "error tblAppDefault 3 MaxBeliefCost"},
              {"UPDATE tblAppDefault SET TreatmentProperty=2 WHERE rowid=3",

@@ -7,6 +7,7 @@
 #include "study/courses.h"
 #include "study/figures.h"
 #include "study/pilotFigures.h"
+#include "study/pilotReport.h"
 #include "study/readStore.h"
 #include "study/report.h"
 #include "study/survival.h"
@@ -151,6 +152,13 @@ INSERT INTO dataHypotheses (EventID, Number, Guess, Belief) VALUES ('bayes-1-1p0
     EXPECT_FALSE(found[1].change.value().error);
     EXPECT_EQ(bayes.startScore + bayes.tests, 101);
     EXPECT_NEAR(bayes.miscalibration.value(), 0.2, 1e-9);
+
+    const std::string page = study.folder + "/pilot.html";
+    pilotReport::write(page, study.storePath(), pilotReport::Warnings{{"</script>"}});
+    const std::string written = files::read(page);
+    EXPECT_NE(written.find(R"("people":true,"plays":[{"belief":0.8,)"), std::string::npos);
+    EXPECT_NE(written.find(R"("survival":[[10,2,0.667],[73,1,0.667],[739,0,0.0]])"), std::string::npos);
+    EXPECT_NE(written.find(R"("warnings":["\u003c/script>"])"), std::string::npos);
 }
 
 }  // namespace

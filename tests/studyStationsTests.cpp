@@ -95,7 +95,7 @@ TEST(Stations, GiveACopyWithoutAPassword) {
             "python3 -c \"import sqlite3; d = sqlite3.connect('" + copy +
             "'); print(d.execute('SELECT Test, dataGetTests.Result, Heal FROM dataGetTests LEFT JOIN "
             "dataTreatments').fetchall(), d.execute('SELECT count(*) FROM sqlite_master').fetchall())\""),
-        "[('Rash', '', None)] [(16,)]\n");
+        "[('Rash', '', None)] [(19,)]\n");
     EXPECT_THROW(plainCopy::write(study.storePath(), copy, silent), std::runtime_error);
     EXPECT_EQ(outputOf("ls -A " + study.folder), "Patients\ncopy.db\ndata\n");
 }

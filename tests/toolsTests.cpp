@@ -111,7 +111,7 @@ TEST_F(Tools, MakeEveryTableWithAsManyDiseasesAsTheFilesNameAndFourAtLeast) {
     EXPECT_EQ(schema::columnsOf(*schema::find("TBLBASERATES"), 0).back().name, "D4");
     EXPECT_EQ(made("tblTreatments", "Setting,Type,D1+,D2+,D3+,D4+,D1-,D2-,D3-,D4-,d6+\n"), "");
     EXPECT_EQ(study.rows("SELECT count(*), sum(sql LIKE '%D6%'), sum(sql LIKE '%H6]%') FROM sqlite_master"),
-              "16|3|1");
+              "19|3|1");
 }
 
 TEST_F(Tools, WriteTablesThatMakeTheSameStoreAgain) {

@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "study/pilotReport.h"
 #include "study/report.h"
 #include "tools/commands.h"
 
@@ -11,6 +12,7 @@ struct Arguments {
     std::string file;
     std::string page;
     std::string patient;
+    bool byPolicy = false;
 };
 
 }  // namespace
@@ -24,12 +26,19 @@ Command report(CLI::App& program) {
     app->add_option("--patient", given->patient,
                     "the patient whose time line is shown first; else the last one")
         ->type_name("SUBJECT:TRIAL");
+    app->add_flag("--by-policy", given->byPolicy,
+                  "of simulated subjects: what each policy reached in each scenario, and no single patients")
+        ->excludes("--patient");
     app->footer(
         "Exit status:\n"
         "  0    the page was written; a browser opens it without a network\n"
         "  1    nothing was written; standard error says why");
     return {app, [given] {
-                ::report::write(given->file, given->page, given->patient);
+                if (given->byPolicy) {
+                    pilotReport::write(given->page, given->file, {});
+                } else {
+                    ::report::write(given->file, given->page, given->patient);
+                }
                 return 0;
             }};
 }

@@ -53,7 +53,45 @@ std::string listed(std::span<const std::string> columns, Form form) {
     return list;
 }
 
+constexpr std::string_view whereWord = " WHERE ";
+
+/// Where the word begins outside of what is enclosed; the size of the source if it does not.
+std::size_t wordAt(const std::string& source, std::string_view word, std::size_t from = 0) {
+    for (std::size_t at = from; at < source.size();) {
+        if (standsAt(source, at, word)) return at;
+        at += source[at] == '[' || source[at] == '\'' ? enclosedLength(source, at) : 1;
+    }
+    return source.size();
+}
+
 }  // namespace
+
+std::optional<TextCondition> textCondition(const std::string& source) {
+    std::size_t at = wordAt(source, whereWord) + whereWord.size();
+    if (at >= source.size() || source[at] != '[' || wordAt(source, " or ", at) < source.size()) return {};
+    const auto inner = [&](std::size_t length) {
+        std::string text = source.substr(at + 1, length - 2);
+        at += length;
+        return text;
+    };
+    std::string column = inner(enclosedLength(source, at));
+    column.erase(0, column.find('.') + 1);
+    const bool like = standsAt(source, at, " like '");
+    if (!like && !standsAt(source, at, "='")) return {};
+    at = source.find('\'', at);
+    std::string text = inner(enclosedLength(source, at));
+    const bool ends = at >= source.size() || source[at] == ';' || source[at] == ' ';
+    const std::size_t star = like ? text.find('*') : text.size();
+    if (!ends || text.empty() || (like && star + 1 != text.size())) return {};
+    return TextCondition{column, text.substr(0, star), like};
+}
+
+std::string ofRows(const std::string& translated, std::span<const std::int64_t> numbers) {
+    std::string list;
+    for (const std::int64_t number : numbers) list += (list.empty() ? "" : ",") + std::to_string(number);
+    std::string narrowed = translated;
+    return narrowed.insert(wordAt(translated, whereWord) + whereWord.size(), "rowid IN (" + list + ") AND ");
+}
 
 std::string quoted(const std::string& name) { return "[" + name + "]"; }
 

@@ -1,6 +1,8 @@
 // The statements of the modules are written in one dialect; here it is turned into the engine's.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -16,6 +18,18 @@ std::string withRowNumber(const std::string& translated);
 
 /// The table that the source reads from: its name, or what follows FROM.
 std::string tableOf(const std::string& source);
+
+/// The first condition of a source, if all its conditions have to hold and the first asks for a text: the
+/// column, the text, and whether it is only the beginning (`Like 'x*'`).
+struct TextCondition {
+    std::string column;
+    std::string text;
+    bool beginning;
+};
+std::optional<TextCondition> textCondition(const std::string& source);
+
+/// The translated selection, of these rows only; in the order of their numbers, as the engine delivers all.
+std::string ofRows(const std::string& translated, std::span<const std::int64_t> numbers);
 
 /// [name], whatever characters it holds.
 std::string quoted(const std::string& name);

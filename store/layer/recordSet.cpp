@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "store/layer/database.h"
 #include "store/layer/dialect.h"
+#include "store/layer/rowLookup.h"
 
 // ---- Field
 
@@ -62,17 +63,20 @@ RecordSet RecordSet::open(const std::weak_ptr<engine::Connection>& connection, c
                           bool readOnly) {
     RecordSet set;
     set.connection = connection;
-    set.source = dialect::translate(source);
+    set.source = source;
     set.table = dialect::tableOf(source);
     set.readOnly = readOnly;
     if (readOnly) {
-        engine::Rows rows = engine::query(set.database(), set.source);
+        // One state of the file for what is looked up and what is delivered, also within a transaction.
+        engine::execute(set.database(), "SAVEPOINT look");
+        engine::Rows rows = engine::query(set.database(), rowLookup::narrowed(set.database(), source));
+        engine::execute(set.database(), "RELEASE look");
         set.columns = std::move(rows.columns);
         set.rows = std::move(rows.rows);
         set.loaded = true;
     } else {
         // The lock last: it is held for the rows and not while the statement is looked at.
-        set.columns = engine::columnsOf(set.database(), set.source);
+        set.columns = engine::columnsOf(set.database(), dialect::translate(source));
         engine::lock(set.database());
     }
     return set;
@@ -91,7 +95,8 @@ engine::Connection& RecordSet::database() const {
 void RecordSet::load() {
     if (loaded) return;
     try {
-        rows = engine::query(database(), dialect::withRowNumber(source)).rows;
+        rows =
+            engine::query(database(), dialect::withRowNumber(rowLookup::narrowed(database(), source))).rows;
     } catch (const engine::Error& error) {
         throw store::faultOf(error, table);
     }

@@ -86,7 +86,8 @@ Table trialTable() {
                 {"Result", Text, "the patient's final status"},
                 {"Saved", NumberFlag, "1 if the patient was saved, else empty"},
             },
-            {}};
+            {},
+            "Subject"};
 }
 
 Table eventTable() {
@@ -168,7 +169,8 @@ std::vector<Table> resultTables() {
           {"Setting", Text, "scenario"},
           {"TestOrder", Text, "symptom words in dealt order, comma separated"},
           {"DiseaseOrder", Text, "disease words in dealt order, comma separated"}},
-         {}},
+         {},
+         "Subject"},
         trialTable(),
         eventTable(),
         {"dataGetTests",
@@ -185,7 +187,8 @@ std::vector<Table> resultTables() {
           {"ListItem", Text, "the note"},
           {"FromIntro", NumberFlag, "6 if the note came from the introduction, else empty"},
           {"Deleted", NumberFlag, "6 once the note is removed, else empty"}},
-         {}},
+         {},
+         "EventID"},
         {"dataHypotheses",
          Kind::Result,
          {{"EventID", Text, "row of dataEvents"},
@@ -261,6 +264,11 @@ int seriesNumber(const Table& table, std::string_view name) {
         if (error == std::errc{} && end == digits.data() + digits.size() && number > 0) return number;
     }
     return 0;
+}
+
+std::string indexStatement(const Table& table) {
+    return "CREATE INDEX [" + std::string(table.name) + " by " + std::string(table.lookup) + "] ON [" +
+           std::string(table.name) + "] ([" + std::string(table.lookup) + "] COLLATE BINARY)";
 }
 
 std::string_view declaration(ColumnType type) {

@@ -46,6 +46,7 @@ struct Table {
     Kind kind;
     std::vector<Column> columns;
     std::vector<Series> series;
+    std::string_view lookup = {};  ///< the column by which the program looks rows up among ever more, if any
 };
 
 /// All tables, configuration first.
@@ -67,6 +68,10 @@ std::optional<NamedColumn> findColumn(const Table& table, std::string_view name)
 
 /// Number of the series column that `name` is ("D3+" gives 3), 0 if it is none.
 int seriesNumber(const Table& table, std::string_view name);
+
+/// The statement that makes the index of a table with a lookup column. It orders by bytes: the collation of
+/// the texts is the program's own, and an index ordered by it would be out of order for every other tool.
+std::string indexStatement(const Table& table);
 
 /// The engine's declaration of a type: texts compare and sort without regard to case.
 std::string_view declaration(ColumnType type);

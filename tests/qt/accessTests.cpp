@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QScreen>
 #include <cmath>
 #include <fstream>
@@ -144,14 +145,37 @@ QImage onScreen() {
     return window.screen()->grabWindow(window.winId()).toImage();
 }
 
-TEST_F(Access, TheTraceOfTheFormerPatientGoesFromTheScreen) {
+/// Pixels of the widget that are painted, as long as it stands.
+struct Painted : QObject {
+    int pixels = 0;
+    explicit Painted(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        for (const QRect& area : static_cast<QPaintEvent*>(event)->region())
+            pixels += area.width() * area.height();
+        return false;
+    }
+};
+
+TEST_F(Access, AStepOfTheTracePaintsOnlyItselfAndTheFormerPatientsGoes) {
     desk::showWhole(frmTavix.form);
-    trialState.trialMinutes = 4;
+    trialState.trialMinutes = 200;
     trialState.patients.add({});
     modHealth::initHealthMonitor();
+    trialState.monitorSegments = 150;  // the last one is reused for the last fifty steps
     const QImage empty = onScreen();
-    for (; trialState.elapsedMinutes < 3; ++trialState.elapsedMinutes) modHealth::plotHealth();
-    EXPECT_NE(onScreen(), empty);
+    QWidget& panel = *mirror::widgetOf(frmTavix.lblHealthScreen);
+    const Painted painted(panel);
+    for (; trialState.elapsedMinutes < 200; ++trialState.elapsedMinutes) {
+        trialState.health = (trialState.elapsedMinutes * 37) % 900;
+        modHealth::plotHealth();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_LT(painted.pixels, 200 * panel.width() * panel.height() / 15);
+    const QImage stepByStep = onScreen();
+    EXPECT_NE(stepByStep, empty);
+    mirror::widgetOf(frmTavix.form)->update();
+    EXPECT_EQ(stepByStep, onScreen());
     modHealth::resetHealth();
     EXPECT_EQ(onScreen(), empty);
 }

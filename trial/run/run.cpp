@@ -118,8 +118,12 @@ void requestOptions() {
 
 }  // namespace
 
-void startApplication(bool withSplash) {
-    if (withSplash) showSplash();
+void startApplication() {
+    showSplash();
+    startAtSignIn();
+}
+
+void startAtSignIn() {
     modAppLoad::listSettings();
     windows::show(frmTavix.form);
     runHook(runHooks().prepareForSignIn);

@@ -4,9 +4,11 @@
 
 namespace run {
 
-/// Splash, sign-in, loading, first patient. Returns when the first trial is running. Without a splash nothing
-/// else differs: where nobody looks its counting would be most of a short session's work.
-void startApplication(bool withSplash = true);
+/// Splash, sign-in, loading, first patient. Returns when the first trial is running.
+void startApplication();
+
+/// The same without the splash: where nobody looks its counting would be most of a short session's work.
+void startAtSignIn();
 
 /// The next patient: the Click of cmdNextPatient.
 void startTrial();
