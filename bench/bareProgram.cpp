@@ -12,14 +12,14 @@
 int main(int argc, char** argv) {
     if (argc == 3 && argv[1] == std::string("timer")) {
         const QCoreApplication app(argc, argv);
-        lateness::Record record(lateness::interval);
+        lateness::Record record;
         QTimer timer;
         timer.setTimerType(Qt::PreciseTimer);
         QObject::connect(&timer, &QTimer::timeout, [&record] { record.tick(); });
         timer.start(lateness::interval);
         QTimer::singleShot(std::stoi(argv[2]), &timer, [] { QCoreApplication::quit(); });
         QCoreApplication::exec();
-        for (const double late : record.late()) std::cout << late << '\n';
+        for (const double late : record.late) std::cout << late << '\n';
         return 0;
     }
     const QApplication app(argc, argv);

@@ -12,30 +12,17 @@ constexpr int interval = 12;  // milliseconds, the shortest of the health timer
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-/// The ticks of a timer as they come. A tick is due one interval after the one before was; after one that is
-/// a whole interval late the toolkit drops what was missed and begins anew.
+/// The ticks of a timer as they come. How late one is counts from an interval after the one before: after a
+/// tick that was late the toolkit goes back to its grid or, where it lost whole ticks, begins a new one.
 struct Record {
-    int each;
-    Clock::time_point due{};
-    std::vector<double> times{};
-
-    explicit Record(int milliseconds) : each(milliseconds) {}
+    Clock::time_point before{};
+    std::vector<double> late{};  ///< milliseconds
 
     void tick() {
         const Clock::time_point now = Clock::now();
-        const auto step = std::chrono::milliseconds(each);
-        if (due == Clock::time_point{}) due = now;
-        times.push_back(Milliseconds(now - due).count());
-        due = now - due < step ? due + step : now + step;
-    }
-
-    /// Milliseconds, against the tick that came earliest.
-    [[nodiscard]] std::vector<double> late() const {
-        std::vector<double> result = times;
-        if (result.empty()) return result;
-        const double earliest = *std::ranges::min_element(times);
-        for (double& time : result) time -= earliest;
-        return result;
+        const double since = Milliseconds(now - before).count();
+        if (before != Clock::time_point{}) late.push_back(std::max(0.0, since - interval));
+        before = now;
     }
 };
 

@@ -45,6 +45,7 @@ std::vector<Belief> statedBeliefs() {
 
 std::vector<int> numbers(const List<Int16>& percents, int count) {
     std::vector<int> list;
+    list.reserve(static_cast<std::size_t>(count));
     for (int j = 0; j < count; ++j) list.push_back(j < percents.size() ? percents[j].toInt() : 0);
     return list;
 }

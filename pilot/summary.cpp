@@ -79,7 +79,8 @@ std::string endsLine(const Outcome& each) {
     for (const auto& [cause, count] : ends)
         list += fmt::format("{}{} {}", list.empty() ? "" : ", ", cause.empty() ? "no end written" : cause,
                             share(count, each.figures.patients));
-    if (each.brokenOff > 0) list += fmt::format("; {} subjects went home early", each.brokenOff);
+    for (const auto& [cause, count] : each.brokenOff)
+        list += fmt::format("; {} of the sessions broken off ({})", count, cause);
     return wrapped(fmt::format("{:<11}", each.policy), list);
 }
 

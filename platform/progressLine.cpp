@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <iostream>
 
 #include "platform/onLeave.h"
@@ -25,7 +26,7 @@ double secondsSince(Clock::time_point moment) {
 }
 
 std::string duration(double seconds) {
-    const auto whole = static_cast<std::int64_t>(seconds + 0.5);
+    const auto whole = static_cast<std::int64_t>(std::llround(seconds));
     if (whole < 60) return fmt::format("{} s", whole);
     if (whole < 3600) return fmt::format("{}:{:02} min", whole / 60, whole % 60);
     return fmt::format("{}:{:02} h", whole / 3600, whole / 60 % 60);

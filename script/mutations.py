@@ -164,7 +164,6 @@ m('L35', 'study/mergeStores.cpp', 'other->second == owner) continue;', 'other->s
 m('L37', 'study/mergeStores.cpp', 'if (source.added.contains(owners[i]))', 'if (!owners[i].empty())', 'a subject that stands there already is not added again')
 m('L39', 'study/mergeStores.cpp', '    differences(own, target.configuration);\n', '', 'a table that only the source has is a difference')
 m('L41', 'study/figures.cpp', '(place - std::floor(place))', '(std::ceil(place) - place)', 'a quartile lies nearer to the nearer value')
-m('L43', 'study/figures.cpp', 'std::round(across * 100)', 'std::floor(across * 100)', '0.29 * 10 does not fall below its interval')
 m('L45', 'study/figures.cpp', 'each.disease == patient->disease ? 1 : 0', 'each.disease == patient->disease ? 0 : 1', 'beliefs are held against the hidden disease')
 m('T22', 'store/layer/rowLookup.cpp', '        if (longer.size() > mostSpellings) return {};\n', '        if (longer.size() > 1) longer.resize(1);\n', 'every spelling of a name is looked up')
 m('T24', 'store/layer/rowLookup.cpp', '!condition->beginning, mostRows', 'true, mostRows', 'the rows of a beginning are more than those that are no longer')

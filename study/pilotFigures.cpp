@@ -28,7 +28,7 @@ constexpr std::string_view timeEnd = "Time End";
 struct Group {
     std::vector<const Patient*> patients;
     std::vector<std::vector<double>> changes;  ///< of the score, by subject and patient
-    int brokenOff = 0;
+    std::map<std::string, int> brokenOff;      ///< by how the session ended
     Pairs stated;  ///< each hypothesis of a last diagnosis, and 1 where it was the hidden disease
 };
 
@@ -87,7 +87,7 @@ Groups grouped(engine::Connection& store, const Study& study) {
         Group& group = groups[{patient.scenario, player.policy}];
         if (!isSame || &group != last) {
             group.changes.emplace_back();
-            if (!player.ended.empty() && player.ended != simulated::complete) ++group.brokenOff;
+            if (!player.ended.empty() && player.ended != simulated::complete) ++group.brokenOff[player.ended];
         }
         if (!isSame) score = study.startScores[patient.scenario];
         last = &group;
@@ -180,7 +180,7 @@ std::vector<Outcome> of(engine::Connection& store) {
         outcome.scenario = study.scenarios[key.first];
         outcome.policy = key.second;
         outcome.subjects = static_cast<int>(group.changes.size());
-        outcome.brokenOff = group.brokenOff;
+        outcome.brokenOff.assign(group.brokenOff.begin(), group.brokenOff.end());
         outcome.figures = figures::of(group.patients);
         outcome.figures.calibration = figures::binned(group.stated);
         outcome.startScore = study.startScores[key.first];

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "store/layer/engine.h"
@@ -24,7 +25,8 @@ struct Outcome {
     std::string scenario;
     std::string policy;
     int subjects = 0;
-    int brokenOff = 0;                    ///< subjects whose session did not come to its last patient
+    /// How many sessions did not come to the end of their last patient, by what `pilotSubjects` says of it.
+    std::vector<std::pair<std::string, int>> brokenOff;
     figures::Figures figures;             ///< without times of acts
     std::optional<figures::Spread> life;  ///< simulated minutes until any end, of patients with one
     double meanLife = 0;                  ///< of the same

@@ -1,4 +1,5 @@
 // Simulated subjects: the rows of a run are the same however it is cut, and they come out as the tables say.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -66,7 +67,8 @@ TEST(Pilot, rowsAreTheSameHoweverTheRunIsCut) {
               (decltype(whole){{"random-1-00001p", "complete"}}));
     pilot.run("jobs", command + "--jobs 2");
     EXPECT_EQ(pilot.results("jobs"), whole);
-    for (const std::string shard : {"1", "2", "3"}) pilot.run(shard, command + "--shard " + shard + "/3");
+    for (const std::string shard : {"1", "2", "3"})
+        pilot.run(shard, fmt::format("{} --shard {}/3", command, shard));
     EXPECT_TRUE(tells(pilot.merge("1 2 3 --into union"), "status 0"));
     EXPECT_EQ(pilot.results("union"), whole);
     EXPECT_EQ(pilot.select("union", "SELECT count(*) FROM pilotRuns"), (decltype(whole){{"3"}}));

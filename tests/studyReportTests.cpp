@@ -141,7 +141,8 @@ INSERT INTO dataHypotheses (EventID, Number, Guess, Belief) VALUES ('bayes-1-1p0
     ASSERT_EQ(found.size(), 2U);
     const pilotFigures::Outcome& bayes = found[0];
     EXPECT_EQ(bayes.policy + found[1].policy, "bayespeople");
-    EXPECT_EQ(bayes.subjects * 10 + bayes.brokenOff, 21);
+    EXPECT_EQ(bayes.subjects, 2);
+    EXPECT_EQ(bayes.brokenOff, (std::vector<std::pair<std::string, int>>{{"left", 1}}));
     // 13 hours filled since 8:45 and 20 minutes: 13 * 60 + 5 - 45 - 1; the end reckoned twice took two
     // off 12.
     EXPECT_EQ(bayes.life.value().marks, (std::array<double, 5>{10, 41.5, 73, 406, 739}));

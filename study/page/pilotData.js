@@ -22,12 +22,12 @@ function legend(parent, plays) {
 function drawSummary() {
     byId("store").textContent = data.store;
     const subjects = d3.sum(data.plays, p => p.subjects), patients = d3.sum(data.plays, p => p.patients);
-    const early = d3.sum(data.plays, p => p.brokenOff);
+    const broken = d3.rollups(data.plays.flatMap(p => p.brokenOff), list => d3.sum(list, b => b[1]), b => b[0]);
     byId("summary").textContent = !data.plays.length ? "The store holds no patients." :
         (!data.people ? "All of these subjects are simulated; none is a person. " :
             "The subjects under \u201cpeople\u201d are people; all others are simulated. ") +
         [count(subjects, "subject", "subjects"), count(patients, "patient", "patients"),
-            ...(early ? [`${early} of the subjects went home early`] : [])].join(" \u00b7 ");
+            ...broken.map(([cause, n]) => `${n} of the sessions broken off (${cause})`)].join(" \u00b7 ");
 }
 
 function drawWarnings() {
