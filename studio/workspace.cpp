@@ -7,6 +7,7 @@
 
 #include "platform/files.h"
 #include "study/bookDraft.h"
+#include "study/bookPeople.h"
 #include "study/bookScenarios.h"
 #include "study/bookStore.h"
 #include "study/check.h"
@@ -175,14 +176,15 @@ updateStore::Outcome save(bool closed) {
     return outcome;
 }
 
-std::string rehearsal(const std::string& scenario) {
+std::string rehearsal(const Part& part) {
     const std::string place = files::freshFolder("tavix-studio");
     book::Book played = state.history.now;
-    if (!scenario.empty()) {
+    if (!part.scenario.empty()) {
         for (const std::string& name : bookScenarios::namesOf(played)) {
-            if (!check::sameName(name, scenario)) bookScenarios::remove(played, name);
+            if (!check::sameName(name, part.scenario)) bookScenarios::remove(played, name);
         }
     }
+    if (part.person) bookPeople::keepOnly(played, *part.person);
     linkFiles(fs::path(place) / "Patients");
     played.files.clear();
     const updateStore::Outcome made = bookStore::save({storeIn(place), place}, book::fresh(), played, {});
