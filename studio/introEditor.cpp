@@ -183,8 +183,8 @@ Editor make(const std::function<std::optional<int>()>& person) {
     auto* const help = new QLabel(
         "The subject reads it on the page \"Patient\" and takes notes of it, at most 99 "
         "characters each.");
-    const auto state = std::make_shared<State>(
-        State{person, new QPlainTextEdit, new QLabel, new QLabel, new QPushButton("Put ’ in their place")});
+    const auto state = std::make_shared<State>(State{person, new QPlainTextEdit, new QLabel, new QLabel,
+                                                     new QPushButton("Replace by the typographic ’")});
     state->edit->setUndoRedoEnabled(false);
     state->edit->setTabChangesFocus(true);
     state->edit->setAcceptDrops(false);  // a picture can be dropped anywhere on the page

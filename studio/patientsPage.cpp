@@ -1,32 +1,28 @@
 #include "studio/patientsPage.h"
 
-#include <QAction>
 #include <QDragEnterEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 #include <memory>
 #include <vector>
 
-#include "platform/files.h"
 #include "qt/eventHook.h"
 #include "studio/fields.h"
 #include "studio/introEditor.h"
 #include "studio/portrait.h"
+#include "studio/rosterList.h"
 #include "studio/safely.h"
 #include "studio/screens.h"
 #include "studio/workspace.h"
-#include "study/bookPeople.h"
 #include "study/bookScenarios.h"
 
 namespace patientsPage {
@@ -34,121 +30,6 @@ namespace patientsPage {
 namespace {
 
 constexpr const char* table = "tblPatients";
-
-const book::Sheet& people() { return book::sheetOf(workspace::book(), table); }
-
-std::optional<int> chosen(const QListWidget& list) {
-    const int row = list.currentRow();
-    if (!workspace::isOpen() || row < 0 || row >= people().size()) return {};
-    return row;
-}
-
-void fillList(QListWidget& list) {
-    const QSignalBlocker quiet(&list);
-    const int before = std::max(list.currentRow(), 0);
-    const int count = workspace::isOpen() ? people().size() : 0;
-    while (list.count() > count) delete list.takeItem(list.count() - 1);
-    while (list.count() < count) list.addItem(new QListWidgetItem);
-    for (int row = 0; row < count; ++row) {
-        QListWidgetItem& item = *list.item(row);
-        const QString name = QString::fromStdString(people().text(row, "Name"));
-        item.setText(name.isEmpty() ? QString("Person %1").arg(row + 1) : name);
-        item.setIcon(portrait::small(row));
-        item.setSizeHint(QSize(0, 32));
-    }
-    list.setCurrentRow(std::min(before, count - 1));
-}
-
-/// A change of the roster, after which this row is the chosen one.
-void change(QListWidget& list, const std::string& what, int then,
-            const std::function<void(book::Book&)>& work) {
-    workspace::edit(what, [&](book::Book& book) {
-        work(book);
-        return std::string();
-    });
-    list.setCurrentRow(std::clamp(then, -1, list.count() - 1));
-}
-
-void add(QListWidget& list) {
-    if (!workspace::isOpen()) return;
-    const int at = chosen(list).value_or(people().size() - 1) + 1;
-    change(list, "Add a person", at, [&](book::Book& book) { bookPeople::add(book, at); });
-}
-
-/// The copy gets an introduction of its own, since it is changed where it stands.
-void copy(QListWidget& list) {
-    const std::optional<int> row = chosen(list);
-    if (!row) return;
-    change(list, "Copy a person", *row + 1, [&](book::Book& book) {
-        bookPeople::copy(book, *row);
-        const book::Sheet& sheet = book::sheetOf(book, table);
-        const std::optional<std::string> intro = files::tryRead(workspace::fileOf(sheet.text(*row, "Intro")));
-        if (!intro) return;
-        const std::string name =
-            bookPeople::freeFile(book, workspace::folder(), sheet.text(*row + 1, "Name") + ".txt");
-        workspace::putFile(book, name, *intro);
-        book::set(book, {table, *row + 1, "Intro"}, name);
-    });
-}
-
-void remove(QListWidget& list) {
-    const std::optional<int> row = chosen(list);
-    if (!row) return;
-    change(list, "Remove a person", *row, [&](book::Book& book) { book::removeRow(book, table, *row); });
-}
-
-void move(QListWidget& list, int by) {
-    const std::optional<int> row = chosen(list);
-    if (!row || *row + by < 0 || *row + by >= people().size()) return;
-    change(list, "Move a person", *row + by,
-           [&](book::Book& book) { book::moveRow(book, table, *row, *row + by); });
-}
-
-/// A button beside the list and the same by a key on the list.
-void deed(QListWidget& list, QLayout& buttons, const QString& text, const QKeySequence& keys,
-          const std::function<void(QListWidget&)>& act) {
-    auto* const button = new QPushButton(text);
-    auto* const action = new QAction(text, &list);
-    const auto pressed = safely([act, &list](bool) { act(list); });
-    button->setAccessibleName(text + ": patients");
-    button->setToolTip(keys.toString(QKeySequence::NativeText));
-    action->setShortcut(keys);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    list.addAction(action);
-    QObject::connect(button, &QPushButton::clicked, &list, pressed);
-    QObject::connect(action, &QAction::triggered, &list, pressed);
-    buttons.addWidget(button);
-}
-
-QWidget* roster(QListWidget& list) {
-    auto* const whole = new QWidget;
-    auto* const column = new QVBoxLayout(whole);
-    auto* const title = new QLabel("<h2>Patients</h2>");
-    auto* const first = new QHBoxLayout;
-    auto* const second = new QHBoxLayout;
-    list.setAccessibleName("Patients, in the order of the table");
-    list.setIconSize(QSize(40, 26));
-    list.setContextMenuPolicy(Qt::ActionsContextMenu);
-    deed(list, *first, "Add", QKeySequence(Qt::Key_Insert), add);
-    deed(list, *first, "Copy", QKeySequence(Qt::CTRL | Qt::Key_D), copy);
-    deed(list, *first, "Remove", QKeySequence(Qt::Key_Delete), remove);
-    deed(list, *second, "Move up", QKeySequence(Qt::ALT | Qt::Key_Up), [](QListWidget& l) { move(l, -1); });
-    deed(list, *second, "Move down", QKeySequence(Qt::ALT | Qt::Key_Down),
-         [](QListWidget& l) { move(l, 1); });
-    second->addStretch();
-    auto* const help = new QLabel(
-        "Persons are drawn at random, each once before one comes again. Their diseases are drawn "
-        "anew each time.");
-    help->setProperty("role", "help");
-    help->setWordWrap(true);
-    column->setContentsMargins(8, 8, 0, 8);
-    column->addWidget(title);
-    column->addWidget(&list, 1);
-    column->addLayout(first);
-    column->addLayout(second);
-    column->addWidget(help);
-    return whole;
-}
 
 struct Cell {
     std::string column;
@@ -290,7 +171,7 @@ QGroupBox* group(const QString& title, QLayout* inside) {
 Page make() {
     auto* const whole = new QSplitter(Qt::Horizontal);
     auto* const list = new QListWidget;
-    const auto person = [list] { return chosen(*list); };
+    const auto person = [list] { return rosterList::chosen(*list); };
     auto* const form = new QFormLayout;
     std::vector<Cell> cells = addCells(*form, person);
     const portrait::Portrait picture = portrait::make(person);
@@ -317,7 +198,10 @@ Page make() {
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    whole->addWidget(roster(*list));
+    whole->addWidget(rosterList::make(*list, [name = cells.front().field.widget] {
+        name->setFocus();
+        qobject_cast<QLineEdit*>(name)->selectAll();
+    }));
     whole->addWidget(area);
     whole->setStretchFactor(1, 1);
     whole->setSizes({230, 760});
@@ -329,7 +213,7 @@ Page make() {
     QObject::connect(list, &QListWidget::currentRowChanged, whole, safely([=](int) { showPerson(); }));
     return {whole,
             [=] {
-                fillList(*list);
+                rosterList::refresh(*list);
                 showPerson();
             },
             [=](const check::Finding& finding) { return show(*list, cells, finding); }};

@@ -1,10 +1,12 @@
 #include "studio/portrait.h"
 
+#include <QBuffer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
+#include <QPainter>
 #include <QPixmapCache>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -24,6 +26,7 @@ namespace {
 constexpr const char* table = "tblPatients";
 constexpr QSize shownSize(216, 137);  ///< the shape of the picture on the page "Patient"
 constexpr QSize listSize(40, 26);
+constexpr QSize drawnSize(482, 306);
 
 using Person = std::function<std::optional<int>()>;
 
@@ -63,19 +66,22 @@ QString problemOf(const QString& file) {
     return {};
 }
 
+/// The same picture again keeps its name.
+void put(book::Book& book, int person, const std::string& own, const std::string& bytes) {
+    const bool there = files::tryRead(workspace::fileOf(own)) == bytes;
+    const std::string name = there ? own : bookPeople::freeFile(book, workspace::folder(), own);
+    if (!there) workspace::putFile(book, name, bytes);
+    book::set(book, {table, person, "Picture"}, name);
+}
+
 void take(const Person& person, const QString& file) {
     const std::optional<int> row = person();
     if (!row) return;
     const QString problem = problemOf(file);
     if (!problem.isEmpty()) return notices::tell("The picture stays as it was.", file + "\n\n" + problem);
     const std::string bytes = files::read(file.toStdString());
-    const std::string own = QFileInfo(file).fileName().toStdString();
     workspace::edit("Choose the picture", [&](book::Book& book) {
-        // The same picture again keeps its name.
-        const bool there = files::tryRead(workspace::fileOf(own)) == bytes;
-        const std::string name = there ? own : bookPeople::freeFile(book, workspace::folder(), own);
-        if (!there) workspace::putFile(book, name, bytes);
-        book::set(book, {table, *row, "Picture"}, name);
+        put(book, *row, QFileInfo(file).fileName().toStdString(), bytes);
         return std::string();
     });
 }
@@ -128,6 +134,24 @@ Portrait make(const Person& person) {
         caption->setText(row ? captionOf(*row) : QString());
     };
     return {whole, choose, refresh, taken};
+}
+
+void putNobody(book::Book& book, int person) {
+    QImage image(drawnSize, QImage::Format_RGB32);
+    image.fill(QColor(0xC9, 0xD1, 0xD9));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x8A, 0x97, 0xA3));
+    const QPointF middle(image.width() / 2.0, image.height() * 0.4);
+    painter.drawEllipse(middle, image.height() * 0.19, image.height() * 0.23);
+    painter.drawEllipse(QPointF(middle.x(), image.height() * 1.02), image.height() * 0.42,
+                        image.height() * 0.34);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "PNG");
+    put(book, person, "nobody.png", bytes.toStdString());
 }
 
 QIcon small(int person) {

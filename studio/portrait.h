@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 
+#include "study/book.h"
+
 namespace portrait {
 
 struct Portrait {
@@ -19,6 +21,9 @@ struct Portrait {
 
 /// `person` is the row of tblPatients that is shown, if any.
 Portrait make(const std::function<std::optional<int>()>& person);
+
+/// Gives a person a picture of nobody in particular, until there is one: without a picture it could not come.
+void putNobody(book::Book& book, int person);
 
 /// The person's picture small, for a list; empty where there is none that can be read.
 QIcon small(int person);
