@@ -31,7 +31,7 @@
 namespace {
 
 constexpr int cannotGoOn = 1;
-constexpr int mostSteps = 200;                             ///< presses in dialogs; more of them lead nowhere
+constexpr int mostSteps = 60;                              ///< presses in dialogs; more of them lead nowhere
 constexpr std::int64_t longestTrial = 3 * 60 * 60 * 1000;  ///< virtual milliseconds
 
 /// One screen of a usual size, whatever the station has.
@@ -42,6 +42,7 @@ struct Preview {
     std::string folder;
     bool onlyPatient;
     std::set<std::string> drawn = {};
+    std::set<std::string> said = {};
     int steps = 0;
 };
 
@@ -72,8 +73,10 @@ bool tryTo(const std::function<void()>& deed) {
 }
 
 void answerBox(const MessageBox& box) {
-    // The words stand where somebody looks for them if the play ends here.
-    std::cerr << (box.title.empty() ? std::string() : box.title + ": ") << box.text << '\n';
+    // The words stand where somebody looks for them if the play ends here; a box that comes again has said
+    // them.
+    const std::string words = (box.title.empty() ? std::string() : box.title + ": ") + box.text;
+    if (preview.said.insert(words).second) std::cerr << words << '\n';
     scriptedHost::answerBox(box.buttons == Buttons::Ok ? Answer::Ok : Answer::No);
 }
 

@@ -14,6 +14,7 @@
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "platform/pictures.h"
+#include "studio/fields.h"
 #include "studio/notices.h"
 #include "studio/safely.h"
 #include "studio/workspace.h"
@@ -76,7 +77,7 @@ void put(book::Book& book, int person, const std::string& own, const std::string
 
 void take(const Person& person, const QString& file) {
     const std::optional<int> row = person();
-    if (!row) return;
+    if (!row) return fields::tellProblem("Add a person first; the picture is for the person who is chosen.");
     const QString problem = problemOf(file);
     if (!problem.isEmpty()) return notices::tell("The picture stays as it was.", file + "\n\n" + problem);
     const std::string bytes = files::read(file.toStdString());

@@ -19,7 +19,7 @@ namespace screens {
 namespace {
 
 constexpr int moment = 500;         ///< milliseconds without a change
-constexpr int longestPlay = 20000;  ///< milliseconds
+constexpr int longestPlay = 30000;  ///< milliseconds
 constexpr int darkBelow = 128;      ///< lightness of a window, of 255
 
 struct State {

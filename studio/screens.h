@@ -27,7 +27,7 @@ struct Listener {
 using Refresh = std::function<void()>;
 Refresh make(QWidget* owner, const std::function<std::optional<Wish>()>& wish, const Listener& listener);
 
-/// The picture in a window of its own, as large as the screen allows; any key closes it.
+/// The picture in a window of its own, as large as the screen allows; Escape closes it.
 void enlarge(QWidget* parent, const QString& title, const QImage& picture);
 
 }  // namespace screens

@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QVBoxLayout>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "studio/screens.h"
@@ -52,33 +53,31 @@ Page make(const std::function<std::string()>& scenario) {
     };
     QObject::connect(list, &QListWidget::itemActivated, whole, open);
     QObject::connect(list, &QListWidget::itemClicked, whole, open);
+    // The old pictures stay until the first new one comes: less flickers.
+    const auto stale = std::make_shared<bool>(true);
+    const auto begin = [=] {
+        if (!std::exchange(*stale, false)) return;
+        list->clear();
+        pictures->clear();
+    };
     const screens::Listener listener{
         [=] {
-            // The old pictures stay until the first new one comes: less flickers.
             text->setText("The screens are drawn anew…");
-            list->setEnabled(false);
+            *stale = true;
         },
         [=](const QString& title, const QImage& picture) {
-            if (!list->isEnabled()) {
-                list->clear();
-                pictures->clear();
-                list->setEnabled(true);
-            }
+            begin();
             pictures->push_back(picture);
             auto* const item =
                 new QListWidgetItem(QIcon(framed(picture, list->devicePixelRatioF())), title, list);
             item->setToolTip("Press to see it large");
         },
         [=](const QString& problem) {
-            if (problem.isEmpty())
-                return text->setText(
-                    "A first patient as the real program shows it, played through in a moment by nobody in "
-                    "particular. Press a picture to see it large.");
-            if (!list->isEnabled()) {
-                list->clear();
-                pictures->clear();
-            }
-            text->setText("The scenario cannot be played to its end. The program says:\n" + problem);
+            begin();
+            text->setText(problem.isEmpty()
+                              ? "A first patient as the real program shows it, played through in a moment. "
+                                "Press a picture to see it large."
+                              : "The scenario cannot be played to its end. The program says:\n" + problem);
         }};
     const auto wish = [=]() -> std::optional<screens::Wish> {
         if (!workspace::isOpen() || scenario().empty()) return {};
