@@ -19,9 +19,9 @@
 #include "studio/fields.h"
 #include "studio/introEditor.h"
 #include "studio/portrait.h"
+#include "studio/previews.h"
 #include "studio/rosterList.h"
 #include "studio/safely.h"
-#include "studio/screens.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 
@@ -107,7 +107,7 @@ bool show(QListWidget& list, const std::vector<Cell>& cells, const check::Findin
 /// The page "Patient" with this person, small, and what keeps it from being drawn.
 struct Seen {
     QWidget* widget;
-    screens::Refresh refresh;
+    previews::Refresh refresh;
 };
 
 Seen seen(const std::function<std::optional<int>()>& person) {
@@ -130,8 +130,8 @@ Seen seen(const std::function<std::optional<int>()>& person) {
     column->addWidget(text);
     column->addStretch();
     QObject::connect(button, &QPushButton::clicked, whole,
-                     [=] { screens::enlarge(whole, "Page \"Patient\"", *picture); });
-    const screens::Listener listener{
+                     [=] { previews::enlarge(whole, "Page \"Patient\"", *picture); });
+    const previews::Listener listener{
         [=] { text->setText("It is drawn anew…"); },
         [=](const QString& title, const QImage& drawn) {
             if (!title.contains("Patient\"")) return;
@@ -149,14 +149,14 @@ Seen seen(const std::function<std::optional<int>()>& person) {
             text->setText(problem.isEmpty() ? QString("Press the picture to see it large.")
                                             : "This person cannot be shown. The program says:\n" + problem);
         }};
-    const auto wish = [=]() -> std::optional<screens::Wish> {
+    const auto wish = [=]() -> std::optional<previews::Wish> {
         const std::optional<int> row = person();
         if (!row) return {};
         const std::vector<std::string> scenarios = bookScenarios::namesOf(workspace::book());
         if (scenarios.empty()) return {};
-        return screens::Wish{{scenarios.front(), row}, true};
+        return previews::Wish{{scenarios.front(), row}, true};
     };
-    return {whole, screens::make(whole, wish, listener)};
+    return {whole, previews::make(whole, wish, listener)};
 }
 
 QGroupBox* group(const QString& title, QLayout* inside) {

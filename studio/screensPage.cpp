@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "studio/screens.h"
+#include "studio/previews.h"
 #include "studio/workspace.h"
 
 namespace screensPage {
@@ -49,7 +49,7 @@ Page make(const std::function<std::string()>& scenario) {
     column->addWidget(list, 1);
     const auto open = [=](const QListWidgetItem* item) {
         const auto at = static_cast<std::size_t>(list->row(item));
-        if (at < pictures->size()) screens::enlarge(whole, item->text(), (*pictures)[at]);
+        if (at < pictures->size()) previews::enlarge(whole, item->text(), (*pictures)[at]);
     };
     QObject::connect(list, &QListWidget::itemActivated, whole, open);
     QObject::connect(list, &QListWidget::itemClicked, whole, open);
@@ -60,7 +60,7 @@ Page make(const std::function<std::string()>& scenario) {
         list->clear();
         pictures->clear();
     };
-    const screens::Listener listener{
+    const previews::Listener listener{
         [=] {
             text->setText("The screens are drawn anew…");
             *stale = true;
@@ -79,11 +79,11 @@ Page make(const std::function<std::string()>& scenario) {
                                 "Press a picture to see it large."
                               : "The scenario cannot be played to its end. The program says:\n" + problem);
         }};
-    const auto wish = [=]() -> std::optional<screens::Wish> {
+    const auto wish = [=]() -> std::optional<previews::Wish> {
         if (!workspace::isOpen() || scenario().empty()) return {};
-        return screens::Wish{{scenario()}};
+        return previews::Wish{{scenario()}};
     };
-    const screens::Refresh refresh = screens::make(whole, wish, listener);
+    const previews::Refresh refresh = previews::make(whole, wish, listener);
     return {whole, refresh, [](const check::Finding&) { return false; }};
 }
 

@@ -1,4 +1,4 @@
-#include "studio/screens.h"
+#include "studio/previews.h"
 
 #include <QDialog>
 #include <QGuiApplication>
@@ -14,7 +14,7 @@
 #include "studio/onCopy.h"
 #include "studio/safely.h"
 
-namespace screens {
+namespace previews {
 
 namespace {
 
@@ -140,4 +140,4 @@ void enlarge(QWidget* parent, const QString& title, const QImage& picture) {
     window.exec();
 }
 
-}  // namespace screens
+}  // namespace previews

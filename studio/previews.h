@@ -9,7 +9,7 @@
 
 #include "studio/workspace.h"
 
-namespace screens {
+namespace previews {
 
 struct Wish {
     workspace::Part part;
@@ -30,4 +30,4 @@ Refresh make(QWidget* owner, const std::function<std::optional<Wish>()>& wish, c
 /// The picture in a window of its own, as large as the screen allows; Escape closes it.
 void enlarge(QWidget* parent, const QString& title, const QImage& picture);
 
-}  // namespace screens
+}  // namespace previews
