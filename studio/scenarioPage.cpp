@@ -87,8 +87,10 @@ Page make(const std::function<std::string()>& scenario, const Follow& follow) {
         auto* const made = new QPushButton(caption);
         QObject::connect(made, &QPushButton::clicked, made, act);
         head->addWidget(made);
+        return made;
     };
-    button("Play", safely([=] { play::start(scenario()); }));
+    button("Play", safely([=] { play::start(scenario()); }))
+        ->setToolTip("Starts the program on a copy, in this scenario (F5). What it writes is thrown away.");
     button("Rename…", [=] { rename(whole, scenario(), follow); });
     button("Copy…", [=] { copy(whole, scenario(), follow); });
     button("Remove", [=] { remove(scenario(), follow); });
