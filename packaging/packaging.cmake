@@ -1,7 +1,7 @@
 # What is installed where, and the package of it. tavix-study finds its parts relative to itself; the desktop
 # program is copied from lib/tavix into each study and so stands on no path.
 
-set(programs tavix tavix-headless tavix-pilot tavixdb tavix-notice)
+set(programs tavix tavix-headless tavix-pilot tavixdb tavix-notice tavix-preview)
 install(TARGETS ${programs} DESTINATION lib/tavix)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
 foreach(name tavix-headless tavix-pilot tavixdb)

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "platform/numberText.h"
+#include "store/layer/schema.h"
 #include "studio/workspace.h"
 
 namespace fields {
@@ -67,6 +68,18 @@ bool isOnItsWay(const QWidget& widget, const QString& shown, const QString& want
 
 void tellProblemsTo(std::function<void(const QString&)> told) { listener() = std::move(told); }
 void tellProblem(const QString& text) { listener()(text); }
+
+Words wordsOf(const std::string& table, const std::string& column, const QString& caption) {
+    QString name = caption;
+    if (name.endsWith(':')) name.chop(1);
+    QString help;
+    for (const schema::Column& known : schema::find(table)->columns) {
+        if (known.name == column)
+            help = QString::fromUtf8(known.meaning.data(), static_cast<qsizetype>(known.meaning.size()));
+    }
+    if (!help.isEmpty()) help = help.left(1).toUpper() + help.mid(1) + '.';
+    return {name, help};
+}
 
 Field line(const Where& where, const Words& words) {
     auto* const edit = new QLineEdit;

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "study/book.h"
 
@@ -23,6 +24,9 @@ struct Words {
     QString name;  ///< caption; also for screen readers
     QString help;  ///< a sentence
 };
+
+/// The words for a column: its caption, and the sentence that stands in the documents too.
+Words wordsOf(const std::string& table, const std::string& column, const QString& caption);
 
 Field line(const Where& where, const Words& words);
 Field tick(const Where& where, const Words& words);

@@ -30,7 +30,6 @@ struct Building {
     std::vector<std::pair<std::string, fields::Field>> fields = {};  ///< by column
 };
 
-/// The sentence that stands in the documents too.
 const schema::Column& columnOf(const std::string& name) {
     for (const schema::Column& column : schema::find(table)->columns) {
         if (column.name == name) return column;
@@ -39,12 +38,7 @@ const schema::Column& columnOf(const std::string& name) {
 }
 
 fields::Words wordsFor(const std::string& column, const std::string& caption) {
-    QString help = QString::fromUtf8(columnOf(column).meaning.data(),
-                                     static_cast<qsizetype>(columnOf(column).meaning.size()));
-    if (!help.isEmpty()) help = help.left(1).toUpper() + help.mid(1) + '.';
-    QString name = QString::fromStdString(caption);
-    if (name.endsWith(':')) name.chop(1);
-    return {name, help};
+    return fields::wordsOf(table, column, QString::fromStdString(caption));
 }
 
 fields::Where cellOf(const std::function<std::string()>& scenario, const std::string& column) {

@@ -11,6 +11,9 @@
 #include "studio/fields.h"
 #include "studio/modelPage.h"
 #include "studio/optionsPage.h"
+#include "studio/play.h"
+#include "studio/safely.h"
+#include "studio/screensPage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 
@@ -76,14 +79,18 @@ Page make(const std::function<std::string()>& scenario, const Follow& follow) {
     auto* const name = new QLabel;
     auto* const tabs = new QTabWidget;
     const std::vector<std::pair<QString, Page>> pages{{"Options", optionsPage::make(scenario)},
-                                                      {"Model", modelPage::make(scenario)}};
+                                                      {"Model", modelPage::make(scenario)},
+                                                      {"On screen", screensPage::make(scenario)}};
     head->addWidget(name);
     head->addStretch();
     const auto button = [&](const QString& caption, const std::function<void()>& act) {
         auto* const made = new QPushButton(caption);
         QObject::connect(made, &QPushButton::clicked, made, act);
         head->addWidget(made);
+        return made;
     };
+    button("Play", safely([=] { play::start(scenario()); }))
+        ->setToolTip("Starts the program on a copy, in this scenario (F5). What it writes is thrown away.");
     button("Rename…", [=] { rename(whole, scenario(), follow); });
     button("Copy…", [=] { copy(whole, scenario(), follow); });
     button("Remove", [=] { remove(scenario(), follow); });

@@ -10,12 +10,15 @@ constexpr const char* rules = R"(
 QMainWindow, QSplitter, QScrollArea, QScrollArea > QWidget > QWidget { background: @window; }
 QPushButton { padding: 4px 12px; min-height: 20px; }
 QPushButton:focus { padding: 2px 10px; }
+QPushButton[role="picture"] { padding: 2px; border: 1px solid @border; background: @window; }
+QPushButton[role="picture"]:focus { padding: 0px; border: 3px solid @accent; }
 QLineEdit, QComboBox, QSpinBox { min-height: 26px; padding: 0px 6px; }
 QLineEdit:focus, QComboBox:focus { padding: 0px 5px; }
 QComboBox::drop-down { width: 22px; }
 QTableWidget QLineEdit, QComboBox QLineEdit { min-height: 0px; padding: 0px 2px; }
 QLineEdit[problem="true"] { border: 2px solid @alarm; }
 QLabel[role="help"] { color: @faint; font-size: 12px; }
+QLabel[role="drop"] { color: @faint; background: @card; border: 1px dashed @faint; border-radius: 4px; }
 QLabel[role="error"] { padding: 2px 8px; }
 QTreeView, QTableView { background: @card; color: @text; border: 1px solid @border; border-radius: 4px;
     gridline-color: @border; alternate-background-color: @window; selection-background-color: @accent;

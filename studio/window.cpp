@@ -20,6 +20,8 @@
 #include "studio/findingsPanel.h"
 #include "studio/listPages.h"
 #include "studio/notices.h"
+#include "studio/patientsPage.h"
+#include "studio/play.h"
 #include "studio/safely.h"
 #include "studio/scenarioPage.h"
 #include "studio/sheet.h"
@@ -31,7 +33,7 @@ namespace window {
 
 namespace {
 
-enum class Kind { Start, Scenario, Words, Tests };
+enum class Kind { Start, Scenario, Patients, Words, Tests };
 
 /// What the tree has chosen.
 struct Chosen {
@@ -47,6 +49,7 @@ struct Window {
     QAction* undo;
     QAction* redo;
     QAction* save;
+    QAction* play;
     QTimer* draftTimer;
     findingsPanel::Panel findings;
     std::vector<std::pair<Kind, Page>> pages;
@@ -91,6 +94,7 @@ void fillTree() {
     QTreeWidgetItem* const scenarios = heading("Scenarios");
     for (const std::string& name : bookScenarios::namesOf(workspace::book()))
         entry(scenarios, QString::fromStdString(name), {Kind::Scenario, name});
+    entry(nullptr, "Patients", {Kind::Patients});
     entry(nullptr, "Words", {Kind::Words});
     QTreeWidgetItem* const tests = heading("Lengths of tests");
     for (const std::string& list : bookScenarios::testLists(workspace::book()))
@@ -127,6 +131,7 @@ void refresh() {
     w.redo->setEnabled(!history.future.empty());
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
     w.save->setEnabled(changed);
+    w.play->setEnabled(workspace::isOpen());
     w.main->setWindowModified(changed);
     w.main->setWindowTitle(workspace::isOpen()
                                ? QString::fromStdString(workspace::folder()) + "[*] - Tavix Studio"
@@ -146,6 +151,8 @@ void go(const check::Finding& finding) {
     Chosen wanted;
     if (finding.table == "tblVocabulary")
         wanted = {Kind::Words};
+    else if (finding.table == "tblPatients")
+        wanted = {Kind::Patients};
     else if (finding.table == "tblTests")
         wanted = {Kind::Tests, nameAt("SETTING")};
     else
@@ -266,9 +273,13 @@ void buildMenus() {
     action(edit, "Add a scenario", {}, [] {
         if (workspace::isOpen()) addScenario();
     });
+    QMenu* const run = w.main->menuBar()->addMenu("&Try");
+    w.play = action(run, "Play", QKeySequence(Qt::Key_F5),
+                    [] { play::start(w.chosen.kind == Kind::Scenario ? w.chosen.name : std::string()); });
+    w.play->setToolTip("Starts the program on a copy of the study (F5). What it writes is thrown away.");
     auto* const bar = w.main->addToolBar("Study");
     bar->setMovable(false);
-    bar->addActions({w.save, w.undo, w.redo, edit->actions().back()});
+    bar->addActions({w.save, w.undo, w.redo, edit->actions().back(), w.play});
 }
 
 void buildPages() {
@@ -280,6 +291,7 @@ void buildPages() {
                              w.chosen = {Kind::Scenario, scenario};
                              refresh();
                          }));
+    w.pages.emplace_back(Kind::Patients, patientsPage::make());
     w.pages.emplace_back(Kind::Words, listPages::words());
     w.pages.emplace_back(Kind::Tests, listPages::tests(name));
     for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
@@ -299,7 +311,7 @@ void buildFrame() {
     down->setStretchFactor(0, 1);
     down->setSizes({640, 120});
     w.problem->setProperty("role", "error");
-    w.main->statusBar()->addPermanentWidget(w.problem, 1);
+    w.main->statusBar()->addPermanentWidget(w.problem);
     w.main->setCentralWidget(down);
     w.main->resize(1280, 860);
 }
@@ -324,6 +336,7 @@ void show() {
     w.findings = findingsPanel::make(go);
     fields::tellProblemsTo([](const QString& text) { w.problem->setText(text); });
     QObject::connect(w.draftTimer, &QTimer::timeout, w.main, safely([] { workspace::keepDraft(); }));
+    play::tellTo([](const QString& text) { w.main->statusBar()->showMessage(text, 20000); });
     buildMenus();
     buildPages();
     buildFrame();

@@ -3,10 +3,13 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <map>
 #include <optional>
+#include <string>
 
 #include "platform/files.h"
 #include "study/bookDraft.h"
+#include "study/bookPeople.h"
 #include "study/bookScenarios.h"
 #include "study/bookStore.h"
 #include "study/check.h"
@@ -42,6 +45,7 @@ void tell() {
 void start(const std::string& folder, book::Book opened) {
     state.folder = folder;
     state.history = bookHistory::begin(std::move(opened));
+    bookDraft::tidy(draftFolder());
     tell();
 }
 
@@ -49,6 +53,18 @@ std::optional<bookDraft::Draft> draftOfThis() {
     std::optional<bookDraft::Draft> draft = bookDraft::find(draftFolder());
     if (draft && draft->study != store()) draft.reset();
     return draft;
+}
+
+using Files = std::map<std::string, std::string>;
+
+/// The files of Patients/ that a save is going to replace, by name, and where their bytes stand from now on.
+Files putReplacedAside() {
+    Files replaced;
+    for (const auto& [name, place] : state.history.now.files) {
+        if (const std::optional<std::string> bytes = files::tryRead(state.folder + "/Patients/" + name))
+            replaced[name] = bookDraft::putAside(draftFolder(), name, *bytes);
+    }
+    return replaced;
 }
 
 /// The pictures and texts of a study, and what has changed of them, under the names that the tables give.
@@ -167,22 +183,28 @@ void keepDraft() {
 }
 
 updateStore::Outcome save(bool closed) {
+    const Files replaced = putReplacedAside();
     updateStore::Outcome outcome =
         bookStore::save({store(), state.folder}, state.history.saved, state.history.now, {.closed = closed});
     if (!outcome.problems.empty()) return outcome;
     state.history.saved = state.history.now;
+    // The states before the save find the files that they were made with.
+    for (auto* steps : {&state.history.past, &state.history.future}) {
+        for (bookHistory::Step& step : *steps) step.before.files.insert(replaced.begin(), replaced.end());
+    }
     tell();
     return outcome;
 }
 
-std::string rehearsal(const std::string& scenario) {
+std::string rehearsal(const Part& part) {
     const std::string place = files::freshFolder("tavix-studio");
     book::Book played = state.history.now;
-    if (!scenario.empty()) {
+    if (!part.scenario.empty()) {
         for (const std::string& name : bookScenarios::namesOf(played)) {
-            if (!check::sameName(name, scenario)) bookScenarios::remove(played, name);
+            if (!check::sameName(name, part.scenario)) bookScenarios::remove(played, name);
         }
     }
+    if (part.person) bookPeople::keepOnly(played, *part.person);
     linkFiles(fs::path(place) / "Patients");
     played.files.clear();
     const updateStore::Outcome made = bookStore::save({storeIn(place), place}, book::fresh(), played, {});

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,9 +55,17 @@ void keepDraft();
 /// Saves. `closed` says that no session is at work, whatever young rows tell.
 updateStore::Outcome save(bool closed);
 
-/// A folder in which the study as it is now can be played, with the one scenario alone if it is named; the
-/// caller removes it. Throws std::exception.
-std::string rehearsal(const std::string& scenario);
+/// What of the study is to be played.
+struct Part {
+    std::string scenario;            ///< alone if it is named
+    std::optional<int> person = {};  ///< row of tblPatients, alone if there is one
+
+    bool operator==(const Part&) const = default;
+};
+
+/// A folder in which that part of the study as it is now can be played; the caller removes it. Throws
+/// std::exception.
+std::string rehearsal(const Part& part);
 
 /// Where the bytes of a file of Patients/ stand now.
 std::string fileOf(const std::string& name);

@@ -24,6 +24,8 @@ constexpr const char* fileName = "draft.mdb";
 
 std::string placeIn(const std::string& folder) { return (fs::path(folder) / fileName).string(); }
 
+fs::path filesIn(const std::string& folder) { return fs::path(folder) / "files"; }
+
 /// Columns without a type give each value back as it is.
 void write(engine::Connection& database, const std::string& prefix, const book::Book& book) {
     for (const auto& [name, sheet] : book.sheets) {
@@ -92,11 +94,18 @@ std::optional<Draft> find(const std::string& folder) {
 
 void forget(const std::string& folder) {
     std::error_code failed;
-    fs::remove_all(folder, failed);
+    fs::remove(placeIn(folder), failed);
+}
+
+void tidy(const std::string& folder) {
+    std::error_code failed;
+    if (fs::exists(placeIn(folder), failed)) return;
+    fs::remove_all(filesIn(folder), failed);
+    fs::remove(folder, failed);  // if nothing else stands in it
 }
 
 std::string putAside(const std::string& folder, const std::string& name, const std::string& bytes) {
-    const fs::path files = fs::path(folder) / "files";
+    const fs::path files = filesIn(folder);
     fs::create_directories(files);
     const fs::path place = files / fmt::format("{:016x}-{}", std::hash<std::string>{}(bytes), name);
     if (fs::exists(place)) return place.string();

@@ -22,7 +22,11 @@ void keep(const std::string& folder, const Draft& draft);
 /// The draft of that folder, if there is one that can be read.
 std::optional<Draft> find(const std::string& folder);
 
+/// The draft goes. Files that were put aside stay: states of the study that can be undone or done again need
+/// them for as long as it is open.
 void forget(const std::string& folder);
+/// Takes away what was put aside for a draft that is no longer there.
+void tidy(const std::string& folder);
 
 /// Puts bytes for a file of Patients/ aside; where they stand. The same bytes stand once. Throws
 /// std::runtime_error, which names the file.

@@ -13,8 +13,8 @@
 #include "qt/edge.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
+#include "qt/screenPicture.h"
 #include "screens/wiring.h"
-#include "tests/twin/screenPicture.h"
 #include "tests/twin/widgetPerson.h"
 #include "trial/run/run.h"
 

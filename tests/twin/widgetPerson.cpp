@@ -26,7 +26,7 @@
 #include "platform/text.h"
 #include "qt/boxes.h"
 #include "qt/mirror.h"
-#include "tests/twin/screenPicture.h"
+#include "qt/screenPicture.h"
 
 namespace widgetPerson {
 

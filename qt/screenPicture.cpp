@@ -1,11 +1,11 @@
-#include "tests/twin/screenPicture.h"
+#include "qt/screenPicture.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QWidget>
 #include <algorithm>
 
-#include "forms/person.h"
+#include "forms/refused.h"
 #include "forms/registry.h"
 #include "qt/look.h"
 #include "qt/mirror.h"
