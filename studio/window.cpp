@@ -18,8 +18,10 @@
 #include "qt/eventHook.h"
 #include "studio/fields.h"
 #include "studio/findingsPanel.h"
+#include "studio/handOver.h"
 #include "studio/listPages.h"
 #include "studio/notices.h"
+#include "studio/resultsPage.h"
 #include "studio/safely.h"
 #include "studio/scenarioPage.h"
 #include "studio/sheet.h"
@@ -31,7 +33,7 @@ namespace window {
 
 namespace {
 
-enum class Kind { Start, Scenario, Words, Tests };
+enum class Kind { Start, Scenario, Words, Tests, Results };
 
 /// What the tree has chosen.
 struct Chosen {
@@ -95,6 +97,7 @@ void fillTree() {
     QTreeWidgetItem* const tests = heading("Lengths of tests");
     for (const std::string& list : bookScenarios::testLists(workspace::book()))
         entry(tests, QString::fromStdString(list), {Kind::Tests, list});
+    entry(nullptr, "Results", {Kind::Results});
     w.tree->expandAll();
 }
 
@@ -189,8 +192,14 @@ bool save() {
     return true;
 }
 
-/// Whether what is open may be left; asks if it is not saved.
+/// Whether what is open may be left; asks if it is not saved, or something is made of it.
 bool mayLeave() {
+    if (!handOver::atWork().isEmpty()) {
+        const int pressed = notices::ask(handOver::atWork() + " goes on.",
+                                         "Nothing is left of it if it is stopped.", {"Stop it", "Go back"});
+        if (pressed != 0) return false;
+        handOver::stop();
+    }
     if (!workspace::isOpen() || !bookHistory::isChanged(workspace::history())) return true;
     const int pressed =
         notices::ask("The study has changes that are not saved.", QString::fromStdString(workspace::folder()),
@@ -282,6 +291,7 @@ void buildPages() {
                          }));
     w.pages.emplace_back(Kind::Words, listPages::words());
     w.pages.emplace_back(Kind::Tests, listPages::tests(name));
+    w.pages.emplace_back(Kind::Results, resultsPage::make());
     for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
 }
 
