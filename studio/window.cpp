@@ -28,6 +28,7 @@
 #include "studio/startPage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
+#include "study/bookTables.h"
 
 namespace window {
 
@@ -49,6 +50,7 @@ struct Window {
     QAction* undo;
     QAction* redo;
     QAction* save;
+    std::vector<QAction*> tables;  ///< out and in
     QTimer* draftTimer;
     findingsPanel::Panel findings;
     std::vector<std::pair<Kind, Page>> pages;
@@ -130,6 +132,7 @@ void refresh() {
     w.redo->setEnabled(!history.future.empty());
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
     w.save->setEnabled(changed);
+    for (QAction* each : w.tables) each->setEnabled(workspace::isOpen());
     w.main->setWindowModified(changed);
     w.main->setWindowTitle(workspace::isOpen()
                                ? QString::fromStdString(workspace::folder()) + "[*] - Tavix Studio"
@@ -190,6 +193,39 @@ bool save() {
                       listOf(outcome.misfits));
     w.main->statusBar()->showMessage(text, 5000);
     return true;
+}
+
+void tablesOut() {
+    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder for the tables as CSV");
+    if (folder.isEmpty()) return;
+    writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
+    if (outcome.taken) {
+        if (notices::ask("There are tables in this folder already.", folder,
+                         {"Write over them", "Go back"}) != 0)
+            return;
+        outcome = bookTables::write(workspace::book(), folder.toStdString(), true);
+    }
+    if (!outcome.problems.empty()) return notices::list("Nothing was written.", outcome.problems);
+    w.main->statusBar()->showMessage("The tables stand in " + folder, 8000);
+    if (!outcome.notes.empty())
+        notices::list("The tables were written. What the files cannot give back:", outcome.notes);
+}
+
+void tablesIn() {
+    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder with tables as CSV");
+    if (folder.isEmpty()) return;
+    bookTables::Taken taken;
+    workspace::edit("Tables from CSV", [&](book::Book& book) {
+        taken = bookTables::take(book, folder.toStdString());
+        return std::string(taken.problems.empty() ? "" : "cannot be taken");
+    });
+    if (!taken.problems.empty())
+        return notices::list("The tables were not taken; the study is as it was.", taken.problems);
+    QStringList tables;
+    for (const std::string& table : taken.tables) tables << QString::fromStdString(table);
+    w.main->statusBar()->showMessage(
+        tables.empty() ? "The tables were the same already." : "Taken: " + tables.join(", "), 8000);
+    if (!taken.notes.empty()) notices::list("The tables were taken. Left out:", taken.notes);
 }
 
 /// Whether what is open may be left; asks if it is not saved, or something is made of it.
@@ -267,6 +303,9 @@ void buildMenus() {
     action(file, "Open…", QKeySequence::Open, chooseStudy);
     w.save = action(file, "Save", QKeySequence::Save, save);
     file->addSeparator();
+    w.tables = {action(file, "Tables &as CSV…", {}, tablesOut),
+                action(file, "Tables &from CSV…", {}, tablesIn)};
+    file->addSeparator();
     action(file, "Quit", QKeySequence::Quit, [] { w.main->close(); });
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
     w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
@@ -309,7 +348,7 @@ void buildFrame() {
     down->setStretchFactor(0, 1);
     down->setSizes({640, 120});
     w.problem->setProperty("role", "error");
-    w.main->statusBar()->addPermanentWidget(w.problem, 1);
+    w.main->statusBar()->addWidget(w.problem, 1);
     w.main->setCentralWidget(down);
     w.main->resize(1280, 860);
 }
@@ -332,7 +371,10 @@ void show() {
     w.draftTimer->setSingleShot(true);
     w.draftTimer->setInterval(400);
     w.findings = findingsPanel::make(go);
-    fields::tellProblemsTo([](const QString& text) { w.problem->setText(text); });
+    fields::tellProblemsTo([](const QString& text) {
+        w.problem->setText(text);
+        if (!text.isEmpty()) w.main->statusBar()->clearMessage();
+    });
     QObject::connect(w.draftTimer, &QTimer::timeout, w.main, safely([] { workspace::keepDraft(); }));
     buildMenus();
     buildPages();

@@ -61,7 +61,7 @@ writeTables::Outcome write(const book::Book& book, const std::string& folder, bo
         return outcome;
     } catch (const std::filesystem::filesystem_error& error) {
         const std::string reason = error.code() ? error.code().message() : "cannot be written";
-        return {{fmt::format("{}: {}", error.path1().string(), reason)}, {}};
+        return {{fmt::format("{}: {}", error.path1().string(), reason)}, false, {}};
     }
 }
 

@@ -80,6 +80,7 @@ std::map<std::string, fs::path> placesOf(const std::map<std::string, std::string
                 outcome.problems.push_back(place.string() + " is no plain file and is not written over");
             } else if (!force) {
                 outcome.problems.push_back(place.string() + " exists already; --force writes over it");
+                outcome.taken = true;
             }
         }
     }
@@ -150,7 +151,7 @@ Outcome write(const std::map<std::string, storeTable::Content>& tables, const st
         return outcome;
     }
     std::map<std::string, fs::path> places = placesOf(files, folder, force, outcome);
-    if (!outcome.problems.empty()) return {outcome.problems, {}};
+    if (!outcome.problems.empty()) return {outcome.problems, outcome.taken, {}};
     writeFiles(files, places);
     return outcome;
 }

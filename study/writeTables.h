@@ -11,6 +11,7 @@ namespace writeTables {
 
 struct Outcome {
     std::vector<std::string> problems;  ///< why nothing was written
+    bool taken = false;                 ///< because files are there, which `force` would write over
     std::vector<std::string> notes;     ///< what the files do not give back as it stands in the store
 };
 
