@@ -18,22 +18,25 @@
 #include "qt/eventHook.h"
 #include "studio/fields.h"
 #include "studio/findingsPanel.h"
+#include "studio/handOver.h"
 #include "studio/listPages.h"
 #include "studio/notices.h"
 #include "studio/patientsPage.h"
 #include "studio/play.h"
+#include "studio/resultsPage.h"
 #include "studio/safely.h"
 #include "studio/scenarioPage.h"
 #include "studio/sheet.h"
 #include "studio/startPage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
+#include "study/bookTables.h"
 
 namespace window {
 
 namespace {
 
-enum class Kind { Start, Scenario, Patients, Words, Tests };
+enum class Kind { Start, Scenario, Patients, Words, Tests, Results };
 
 /// What the tree has chosen.
 struct Chosen {
@@ -50,6 +53,7 @@ struct Window {
     QAction* redo;
     QAction* save;
     QAction* play;
+    std::vector<QAction*> tables;  ///< out and in
     QTimer* draftTimer;
     findingsPanel::Panel findings;
     std::vector<std::pair<Kind, Page>> pages;
@@ -99,6 +103,7 @@ void fillTree() {
     QTreeWidgetItem* const tests = heading("Lengths of tests");
     for (const std::string& list : bookScenarios::testLists(workspace::book()))
         entry(tests, QString::fromStdString(list), {Kind::Tests, list});
+    entry(nullptr, "Results", {Kind::Results});
     w.tree->expandAll();
 }
 
@@ -132,6 +137,7 @@ void refresh() {
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
     w.save->setEnabled(changed);
     w.play->setEnabled(workspace::isOpen());
+    for (QAction* each : w.tables) each->setEnabled(workspace::isOpen());
     w.main->setWindowModified(changed);
     w.main->setWindowTitle(workspace::isOpen()
                                ? QString::fromStdString(workspace::folder()) + "[*] - Tavix Studio"
@@ -196,8 +202,47 @@ bool save() {
     return true;
 }
 
-/// Whether what is open may be left; asks if it is not saved.
+void tablesOut() {
+    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder for the tables as CSV");
+    if (folder.isEmpty()) return;
+    writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
+    if (outcome.taken) {
+        if (notices::ask("There are tables in this folder already.", folder,
+                         {"Write over them", "Go back"}) != 0)
+            return;
+        outcome = bookTables::write(workspace::book(), folder.toStdString(), true);
+    }
+    if (!outcome.problems.empty()) return notices::list("Nothing was written.", outcome.problems);
+    w.main->statusBar()->showMessage("The tables stand in " + folder, 8000);
+    if (!outcome.notes.empty())
+        notices::list("The tables were written. What the files cannot give back:", outcome.notes);
+}
+
+void tablesIn() {
+    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder with tables as CSV");
+    if (folder.isEmpty()) return;
+    bookTables::Taken taken;
+    workspace::edit("Tables from CSV", [&](book::Book& book) {
+        taken = bookTables::take(book, folder.toStdString());
+        return std::string(taken.problems.empty() ? "" : "cannot be taken");
+    });
+    if (!taken.problems.empty())
+        return notices::list("The tables were not taken; the study is as it was.", taken.problems);
+    QStringList tables;
+    for (const std::string& table : taken.tables) tables << QString::fromStdString(table);
+    w.main->statusBar()->showMessage(
+        tables.empty() ? "The tables were the same already." : "Taken: " + tables.join(", "), 8000);
+    if (!taken.notes.empty()) notices::list("The tables were taken. Left out:", taken.notes);
+}
+
+/// Whether what is open may be left; asks if it is not saved, or something is made of it.
 bool mayLeave() {
+    if (!handOver::atWork().isEmpty()) {
+        const int pressed = notices::ask(handOver::atWork() + " goes on.",
+                                         "Nothing is left of it if it is stopped.", {"Stop it", "Go back"});
+        if (pressed != 0) return false;
+        handOver::stop();
+    }
     if (!workspace::isOpen() || !bookHistory::isChanged(workspace::history())) return true;
     const int pressed =
         notices::ask("The study has changes that are not saved.", QString::fromStdString(workspace::folder()),
@@ -265,6 +310,9 @@ void buildMenus() {
     action(file, "Open…", QKeySequence::Open, chooseStudy);
     w.save = action(file, "Save", QKeySequence::Save, save);
     file->addSeparator();
+    w.tables = {action(file, "Tables &as CSV…", {}, tablesOut),
+                action(file, "Tables &from CSV…", {}, tablesIn)};
+    file->addSeparator();
     action(file, "Quit", QKeySequence::Quit, [] { w.main->close(); });
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
     w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
@@ -294,6 +342,7 @@ void buildPages() {
     w.pages.emplace_back(Kind::Patients, patientsPage::make());
     w.pages.emplace_back(Kind::Words, listPages::words());
     w.pages.emplace_back(Kind::Tests, listPages::tests(name));
+    w.pages.emplace_back(Kind::Results, resultsPage::make());
     for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
 }
 
@@ -311,7 +360,7 @@ void buildFrame() {
     down->setStretchFactor(0, 1);
     down->setSizes({640, 120});
     w.problem->setProperty("role", "error");
-    w.main->statusBar()->addPermanentWidget(w.problem);
+    w.main->statusBar()->addWidget(w.problem, 1);
     w.main->setCentralWidget(down);
     w.main->resize(1280, 860);
 }
@@ -334,7 +383,10 @@ void show() {
     w.draftTimer->setSingleShot(true);
     w.draftTimer->setInterval(400);
     w.findings = findingsPanel::make(go);
-    fields::tellProblemsTo([](const QString& text) { w.problem->setText(text); });
+    fields::tellProblemsTo([](const QString& text) {
+        w.problem->setText(text);
+        if (!text.isEmpty()) w.main->statusBar()->clearMessage();
+    });
     QObject::connect(w.draftTimer, &QTimer::timeout, w.main, safely([] { workspace::keepDraft(); }));
     play::tellTo([](const QString& text) { w.main->statusBar()->showMessage(text, 20000); });
     buildMenus();

@@ -2,12 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "platform/files.h"
+#include "studio/background.h"
 #include "study/bookDraft.h"
 #include "study/bookPeople.h"
 #include "study/bookScenarios.h"
@@ -25,6 +28,8 @@ struct State {
     bookHistory::History history;
     std::vector<check::Finding> findings;
 };
+
+constexpr std::chrono::seconds patience{2};  // for what reads the results
 
 std::string draftRoot;
 State state;
@@ -104,7 +109,13 @@ std::string open(const std::string& place) {
     if (!fs::is_regular_file(storeIn(folder.string()), failed))
         return fmt::format("{} holds no study: there is no file data/TavixData.mdb in it.", folder.string());
     try {
-        start(folder.string(), book::open(storeIn(folder.string())));
+        const auto opened = std::make_shared<book::Book>();
+        const std::string store = storeIn(folder.string());
+        const bool waited =
+            background::await("Another program holds the store. It is opened as soon as that one lets it go.",
+                              [opened, store] { *opened = book::open(store); });
+        if (!waited) return fmt::format("{} is in use by another program.", store);
+        start(folder.string(), std::move(*opened));
     } catch (const std::exception& error) {
         return error.what();
     }
@@ -184,6 +195,8 @@ void keepDraft() {
 
 updateStore::Outcome save(bool closed) {
     const Files replaced = putReplacedAside();
+    const auto turn = background::turn(patience);
+    if (!turn) return {{"The results are being read just now. Save in a moment."}, false, {}, {}, {}};
     updateStore::Outcome outcome =
         bookStore::save({store(), state.folder}, state.history.saved, state.history.now, {.closed = closed});
     if (!outcome.problems.empty()) return outcome;

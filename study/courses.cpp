@@ -15,6 +15,7 @@
 #include "platform/numberText.h"
 #include "platform/text.h"
 #include "study/readStore.h"
+#include "study/rowSlices.h"
 
 namespace courses {
 
@@ -93,6 +94,20 @@ void eachRow(engine::Connection& database, const std::string& table, const std::
     }
 }
 
+/// The same of one subject, if one is named. Then most of a table is passed by, in slices of its own.
+void eachRowOf(engine::Connection& database, const std::optional<std::string>& subject,
+               const std::string& table, const std::string& columns,
+               const std::function<void(const Row&)>& take) {
+    if (!subject) return eachRow(database, table, columns, take);
+    try {
+        rowSlices::eachOf(database, table, columns, *subject, [&](const engine::Rows& slice) {
+            for (const Row& row : slice.rows) take(Row(row.begin() + 1, row.end()));
+        });
+    } catch (const engine::Error& error) {
+        throw std::runtime_error(fmt::format("table {}: {}", table, error.text));
+    }
+}
+
 /// Names in the order without regard to case, each with its place. A store can hold tens of thousands.
 struct Names {
     struct Name {
@@ -158,13 +173,13 @@ Patient patientOf(const Row& row, const Scenario& scenario) {
     return patient;
 }
 
-void readRows(engine::Connection& database, Study& study) {
+void readRows(engine::Connection& database, Study& study, const std::optional<std::string>& subject) {
     std::map<std::string, Scenario> rules = readScenarios(database);
     Names subjects;
     Names scenarios;
     std::vector<std::pair<std::string, std::string>> names;  // of each patient
-    eachRow(
-        database, "dataTrial",
+    eachRowOf(
+        database, subject, "dataTrial",
         "Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, Result, Saved, "
         "ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease, SimTime, Tests",
         [&](const Row& row) {
@@ -199,12 +214,13 @@ Trials trialsOf(const Study& study) {
 /// Events by their identifiers, which can repeat.
 using Identifiers = std::unordered_map<std::string, std::vector<std::pair<std::size_t, std::size_t>>>;
 
-Identifiers readEvents(engine::Connection& database, Study& study) {
+Identifiers readEvents(engine::Connection& database, Study& study,
+                       const std::optional<std::string>& subject) {
     const Trials trials = trialsOf(study);
     Identifiers identifiers;
-    eachRow(
-        database, "dataEvents", "EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output",
-        [&](const Row& row) {
+    eachRowOf(
+        database, subject, "dataEvents",
+        "EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output", [&](const Row& row) {
             const auto rows = trials.find({text::folded(textOf(row[1])), wholeOf(row[2]).value_or(0)});
             const auto action = std::ranges::find(actionNames, textOf(row[7]));
             if (rows == trials.end() || action == actionNames.end()) return;
@@ -287,15 +303,23 @@ void markRepeated(Study& study) {
 
 Study read(engine::Connection& database) {
     Study study;
-    readRows(database, study);
-    readDetails(database, study, readEvents(database, study));
+    readRows(database, study, {});
+    readDetails(database, study, readEvents(database, study, {}));
+    markRepeated(study);
+    return study;
+}
+
+Study readOf(engine::Connection& database, const std::string& subject) {
+    Study study;
+    readRows(database, study, subject);
+    readEvents(database, study, subject);
     markRepeated(study);
     return study;
 }
 
 Study readPatients(engine::Connection& database) {
     Study study;
-    readRows(database, study);
+    readRows(database, study, {});
     markRepeated(study);
     return study;
 }

@@ -81,6 +81,10 @@ Study readPatients(engine::Connection& database);
 /// adds, and its hours are those that the clock has filled since `startMinute`.
 std::optional<int> minutesOf(const std::string& simTime, int startMinute);
 
+/// The patients of one subject, case aside, with their events, of which nothing is detailed. Little of a
+/// large store is in memory. Throws as `read` does.
+Study readOf(engine::Connection& database, const std::string& subject);
+
 /// Real seconds until the first event of this kind, if there is one.
 std::optional<int> firstOf(const Patient& patient, Action action);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -18,6 +19,7 @@
 #include "study/keptTables.h"
 #include "study/pseudonyms.h"
 #include "study/readStore.h"
+#include "study/rowSlices.h"
 #include "study/rowStream.h"
 #include "study/simulated.h"
 #include "study/storeTable.h"
@@ -39,12 +41,17 @@ struct Export {
     const Request& request;
     fs::path draft;
     engine::Connection& store;
+    const std::function<void(double)>& progress;
+    std::int64_t rows = 1;  ///< that go out
+    std::int64_t written = 0;
     std::optional<pseudonyms::Key> key = {};
     dictionary::Files dictionary = {};
     std::vector<std::string> notes = {};
 
     [[nodiscard]] bool leavesTextsOut() const { return key && !request.keepTexts; }
 };
+
+constexpr int rowsBetweenNews = 500;
 
 bool isNote(const Value& action) {
     return textOf(action) == "AddSymptom" || textOf(action) == "RemoveSymptom";
@@ -93,6 +100,21 @@ datasetFile::File beginData(Export& all, std::string_view table,
     return datasetFile::begin(path + ".csv", columns);
 }
 
+void addRow(Export& all, datasetFile::File& file, const Row& row) {
+    datasetFile::add(file, row);
+    if (++all.written % rowsBetweenNews == 0)
+        all.progress(static_cast<double>(all.written) / static_cast<double>(all.rows));
+}
+
+/// How many rows are to come: trials and events go out twice.
+void countRows(Export& all) {
+    for (const schema::Table& table : schema::tables()) {
+        if (table.kind != schema::Kind::Result) continue;
+        const int times = table.name == "dataTrial" || table.name == "dataEvents" ? 2 : 1;
+        all.rows += times * rowSlices::count(all.store, table.name);
+    }
+}
+
 /// The columns of a result table that go out: those that the program writes. A column of somebody else's
 /// could hold anything, names too.
 std::vector<std::string> rawColumns(Export& all, const schema::Table& table) {
@@ -131,19 +153,18 @@ void writeRaw(Export& all, const schema::Table& table) {
         for (const std::size_t place : identifiers) hideIdentifier(all, row[place]);
         if (cutsNotes && isNote(row.at(static_cast<std::size_t>(action))))
             row.at(static_cast<std::size_t>(input)) = Value();
-        datasetFile::add(file, row);
+        addRow(all, file, row);
     });
     datasetFile::finish(file);
 }
 
-void writeTidy(Export& all, trialIndex::Index& index, const std::function<void()>& step) {
+void writeTidy(Export& all, trialIndex::Index& index) {
     datasetFile::File trials = beginData(all, "trials", tidyTables::trialColumns());
     tidyTables::eachTrial(all.store, index, [&](Row& row) {
         hideName(all, row[tidyTables::trialSubject]);
-        datasetFile::add(trials, row);
+        addRow(all, trials, row);
     });
     datasetFile::finish(trials);
-    step();
     datasetFile::File events = beginData(all, "events", tidyTables::eventColumns());
     tidyTables::eachEvent(all.store, index, [&](Row& row) {
         hideName(all, row[tidyTables::eventSubject]);
@@ -151,10 +172,9 @@ void writeTidy(Export& all, trialIndex::Index& index, const std::function<void()
         hideIdentifier(all, row[tidyTables::eventState]);
         if (all.leavesTextsOut() && isNote(row[tidyTables::eventAction]))
             row[tidyTables::eventItem] = Value();
-        datasetFile::add(events, row);
+        addRow(all, events, row);
     });
     datasetFile::finish(events);
-    step();
 }
 
 /// The configuration in force, and what it replaced: the files are those that make a store again.
@@ -182,21 +202,17 @@ void writeMaterials(Export& all) {
     datasetFile::write((all.draft / "CHANGES.md").string(), datasetTexts::changes(kept));
 }
 
-void writeDataset(Export& all, const std::function<void(double)>& progress) {
-    const auto files = static_cast<double>(
-                           std::ranges::count(schema::tables(), schema::Kind::Result, &schema::Table::kind)) +
-                       2.0;
-    const auto step = [&progress, &all, files] {
-        progress(static_cast<double>(all.dictionary.files.size()) / files);
-    };
+void writeDataset(Export& all) {
     fs::create_directories(all.draft / "data");
+    countRows(all);
+    all.progress(0);
     if (!all.request.pseudonyms.empty()) readNames(all);
+    all.progress(0);
     trialIndex::Index index = trialIndex::build(all.store);
-    writeTidy(all, index, step);
+    writeTidy(all, index);
     for (const schema::Table& table : schema::tables()) {
         if (table.kind != schema::Kind::Result) continue;
         writeRaw(all, table);
-        step();
     }
     writeMaterials(all);
     const datasetTexts::Told told{all.request.name, all.key.has_value(), all.leavesTextsOut(),
@@ -254,8 +270,8 @@ std::vector<std::string> write(const Request& request, const std::function<void(
     clear();
     const OnLeave cleared(clear);
     const engine::Database store = rowStream::openCopy(request.file, copy);
-    Export all{request, draft, *store};
-    writeDataset(all, progress);
+    Export all{request, draft, *store, progress};
+    writeDataset(all);
     if (all.key) pseudonyms::write(*all.key, request.pseudonyms);
     std::error_code failed;
     fs::rename(draft, place, failed);

@@ -17,8 +17,9 @@ struct Request {
 };
 
 /// Writes the dataset beside its place and moves it there when it is whole; one that stands there is never
-/// touched. `progress` hears what is done, 0 to 1. What comes back tells what was left out. The same store,
-/// and the same key, give the same bytes. Throws std::runtime_error, which names the file or the table.
+/// touched. `progress` hears what is done, 0 to 1; what it throws ends the work, and nothing is left of it.
+/// What comes back tells what was left out. The same store, and the same key, give the same bytes. Throws
+/// std::runtime_error, which names the file or the table.
 std::vector<std::string> write(const Request& request, const std::function<void(double)>& progress);
 
 }  // namespace exportDataset

@@ -51,8 +51,9 @@ engine::Database open(const std::string& path) {
     }
 }
 
-engine::Rows select(engine::Connection& database, const std::string& sql) {
-    return pastLocks([&] { return engine::query(database, sql); });
+engine::Rows select(engine::Connection& database, const std::string& sql,
+                    std::span<const engine::Value> values) {
+    return pastLocks([&] { return engine::query(database, sql, values); });
 }
 
 engine::Rows table(engine::Connection& database, std::string_view name) {

@@ -2,6 +2,7 @@
 // for. Empty values stay apart from empty texts.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,7 +15,8 @@ namespace readStore {
 engine::Database open(const std::string& path);
 
 /// The rows of a selection, as engine::query gives them; a lock is waited for.
-engine::Rows select(engine::Connection& database, const std::string& sql);
+engine::Rows select(engine::Connection& database, const std::string& sql,
+                    std::span<const engine::Value> values = {});
 
 /// All rows of a table in the order in which they are delivered to a session. Throws std::runtime_error,
 /// which names the table, where there is none.

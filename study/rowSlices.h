@@ -15,6 +15,10 @@ namespace rowSlices {
 void each(engine::Connection& database, std::string_view table, const std::string& columns,
           const std::function<void(const engine::Rows& slice)>& take);
 
+/// The same of the rows of one subject, case aside. A slice can be empty.
+void eachOf(engine::Connection& database, std::string_view table, const std::string& columns,
+            const std::string& subject, const std::function<void(const engine::Rows& slice)>& take);
+
 /// How many rows a table has.
 std::int64_t count(engine::Connection& database, std::string_view table);
 

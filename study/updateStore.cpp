@@ -17,18 +17,6 @@ namespace {
 
 bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
 
-readTables::Tables filesOf(const std::string& folder) {
-    readTables::Tables files = readTables::readFiles(folder);
-    for (const auto& [name, content] : files.contents) {
-        if (!isConfiguration(*schema::find(name)))
-            files.problems.push_back(
-                fmt::format("{}.csv: results stay as they are; take the file away", name));
-    }
-    if (files.problems.empty() && files.contents.empty())
-        files.problems.push_back(fmt::format("{}: holds no table", folder));
-    return files;
-}
-
 storeTable::Content inForce(engine::Connection& database, const schema::Table& table) {
     std::vector<std::string> others;
     return storeTable::read(database, table, std::string(table.name), others);
@@ -83,6 +71,18 @@ void change(engine::Connection& database, const readTables::Tables& files, const
 }
 
 }  // namespace
+
+readTables::Tables filesOf(const std::string& folder) {
+    readTables::Tables files = readTables::readFiles(folder);
+    for (const auto& [name, content] : files.contents) {
+        if (!isConfiguration(*schema::find(name)))
+            files.problems.push_back(
+                fmt::format("{}.csv: results stay as they are; take the file away", name));
+    }
+    if (files.problems.empty() && files.contents.empty())
+        files.problems.push_back(fmt::format("{}: holds no table", folder));
+    return files;
+}
 
 Outcome replace(const std::string& file, const readTables::Tables& tables, const Judge& judge, Wish wish) {
     Outcome outcome;

@@ -22,6 +22,9 @@ struct Outcome {
     std::vector<std::string> misfits;   ///< subjects whose stored words do not fit the tables in force
 };
 
+/// The CSV files of a folder that can replace tables: no results among them, and at least one.
+readTables::Tables filesOf(const std::string& folder);
+
 /// Replaces each configuration table that has a CSV file in `folder` and differs from it, all in one
 /// transaction. The others, and the results, stay as they are; what is replaced is kept under another name.
 /// Refused while a session may be running.

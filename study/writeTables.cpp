@@ -45,10 +45,10 @@ void noteLosses(const std::string& table, const storeTable::Content& content,
     }
 }
 
-/// The bytes of all files, by the table's name.
-std::map<std::string, std::string> filesOf(const std::string& file, const std::string& moment,
-                                           Outcome& outcome) {
-    std::map<std::string, std::string> files;
+using Contents = std::map<std::string, storeTable::Content>;
+
+Contents contentsOf(const std::string& file, const std::string& moment, Outcome& outcome) {
+    Contents contents;
     const engine::Database database = readStore::open(file);
     readStore::select(*database, "BEGIN");  // all tables as of one moment
     const std::vector<keptTables::Kept> kept = keptTables::list(*database);
@@ -57,14 +57,13 @@ std::map<std::string, std::string> filesOf(const std::string& file, const std::s
         const std::string name(table.name);
         const std::string source = moment.empty() ? name : keptTables::nameAt(kept, name, moment);
         std::vector<std::string> others;
-        const storeTable::Content content = storeTable::read(*database, table, source, others);
+        storeTable::Content content = storeTable::read(*database, table, source, others);
         for (const std::string& other : others)
             outcome.notes.push_back(
                 fmt::format("{}: column {} is none of a study's and is left out", source, other));
-        noteLosses(source, content, outcome.notes);
-        files[name] = bytesOf(content);
+        contents[name] = std::move(content);
     }
-    return files;
+    return contents;
 }
 
 /// Where each table's file goes. A file of the name in another case is the same table to whoever reads the
@@ -81,6 +80,7 @@ std::map<std::string, fs::path> placesOf(const std::map<std::string, std::string
                 outcome.problems.push_back(place.string() + " is no plain file and is not written over");
             } else if (!force) {
                 outcome.problems.push_back(place.string() + " exists already; --force writes over it");
+                outcome.taken = true;
             }
         }
     }
@@ -127,7 +127,22 @@ Outcome write(const std::string& file, const std::string& folder, bool force, co
         outcome.problems.push_back(fmt::format("\"{}\" is no moment (yyyy-mm-dd hh:mm:ss)", moment));
         return outcome;
     }
-    const std::map<std::string, std::string> files = filesOf(file, moment, outcome);
+    const Contents contents = contentsOf(file, moment, outcome);
+    Outcome written = write(contents, folder, force);
+    // Of no file there is nothing to note.
+    if (written.problems.empty())
+        written.notes.insert(written.notes.begin(), outcome.notes.begin(), outcome.notes.end());
+    return written;
+}
+
+Outcome write(const std::map<std::string, storeTable::Content>& tables, const std::string& folder,
+              bool force) {
+    Outcome outcome;
+    std::map<std::string, std::string> files;
+    for (const auto& [table, content] : tables) {
+        noteLosses(table, content, outcome.notes);
+        files[table] = bytesOf(content);
+    }
     std::error_code failed;
     fs::create_directory(folder, failed);
     if (!fs::is_directory(folder)) {
@@ -136,7 +151,7 @@ Outcome write(const std::string& file, const std::string& folder, bool force, co
         return outcome;
     }
     std::map<std::string, fs::path> places = placesOf(files, folder, force, outcome);
-    if (!outcome.problems.empty()) return {outcome.problems, {}};  // no file, so nothing to note about one
+    if (!outcome.problems.empty()) return {outcome.problems, outcome.taken, {}};
     writeFiles(files, places);
     return outcome;
 }

@@ -1,6 +1,7 @@
 // The configuration tables of a store as CSV files, of which `create` makes the same tables again.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@ namespace writeTables {
 
 struct Outcome {
     std::vector<std::string> problems;  ///< why nothing was written
+    bool taken = false;                 ///< because files are there, which `force` would write over
     std::vector<std::string> notes;     ///< what the files do not give back as it stands in the store
 };
 
@@ -20,5 +22,9 @@ std::string bytesOf(const storeTable::Content& content);
 /// missing. Files that are there are written over only with `force`. With a `moment` (yyyy-mm-dd, with
 /// hh:mm or hh:mm:ss behind it or not) the tables in force then, otherwise those in force now.
 Outcome write(const std::string& file, const std::string& folder, bool force, const std::string& moment);
+
+/// The same for tables that are at hand, by their names.
+Outcome write(const std::map<std::string, storeTable::Content>& tables, const std::string& folder,
+              bool force);
 
 }  // namespace writeTables

@@ -16,8 +16,9 @@ struct Arguments {
 };
 
 int write(const Arguments& given) {
-    const auto [problems, notes] = writeTables::write(given.file, given.folder, given.force, given.moment);
-    return told(problems, notes);
+    const writeTables::Outcome outcome =
+        writeTables::write(given.file, given.folder, given.force, given.moment);
+    return told(outcome.problems, outcome.notes);
 }
 
 }  // namespace

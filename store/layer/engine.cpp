@@ -4,6 +4,7 @@
 #include <sqlcipher/sqlite3.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -135,7 +136,7 @@ bool step(Connection& database, sqlite3_stmt* statement) {
 /// Version of the cipher in the library at hand. An engine without one would write the subjects' data in
 /// the open, so the program does not go on with it.
 int cipherVersion(Connection& database) {
-    static int known = 0;
+    static std::atomic<int> known = 0;
     if (known == 0) {
         const Rows rows = query(database, "PRAGMA cipher_version");
         if (rows.rows.empty()) throw Error{SQLITE_MISUSE, "the database engine has no encryption"};
@@ -282,17 +283,31 @@ void executeAll(Connection& database, const std::string& sql, std::span<const st
 void exportPlain(Connection& database, const std::string& path, const std::function<void()>& tick) {
     const std::ofstream made(path);  // what is attached is never created by a connection that creates nothing
     execute(database, "ATTACH ? AS plain KEY ''", std::array{Value(path)});
+    struct Ticking {
+        const std::function<void()>& tick;
+        std::exception_ptr thrown = {};
+    } ticking{tick};
     const auto ticked = [](void* context) {
-        (*static_cast<const std::function<void()>*>(context))();
-        return 0;  // go on
+        auto& each = *static_cast<Ticking*>(context);
+        try {
+            each.tick();
+            return 0;  // go on
+        } catch (...) {
+            each.thrown = std::current_exception();  // not through the engine's frames
+            return 1;
+        }
     };
-    std::function<void()> each = tick;
-    sqlite3_progress_handler(database.handle, stepsBetweenTicks, ticked, &each);
+    sqlite3_progress_handler(database.handle, stepsBetweenTicks, ticked, &ticking);
     const OnLeave silent([&] { sqlite3_progress_handler(database.handle, 0, nullptr, nullptr); });
-    execute(database, "BEGIN");
-    execute(database, "SELECT sqlcipher_export('plain')");
-    execute(database, "COMMIT");
-    execute(database, "DETACH plain");
+    try {
+        execute(database, "BEGIN");
+        execute(database, "SELECT sqlcipher_export('plain')");
+        execute(database, "COMMIT");
+        execute(database, "DETACH plain");
+    } catch (const Error&) {
+        if (ticking.thrown) std::rethrow_exception(ticking.thrown);
+        throw;
+    }
 }
 
 }  // namespace engine

@@ -76,7 +76,7 @@ void execute(Connection& database, const std::string& sql, std::span<const Value
 void executeAll(Connection& database, const std::string& sql, std::span<const std::vector<Value>> rows);
 
 /// Writes all tables into a new file without encryption. The connection has to be open for writing, though
-/// nothing in its own file changes. `tick` is called now and then meanwhile.
+/// nothing in its own file changes. `tick` is called now and then meanwhile; what it throws ends the work.
 void exportPlain(Connection& database, const std::string& path, const std::function<void()>& tick);
 
 }  // namespace engine

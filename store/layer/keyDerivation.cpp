@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <mutex>
 #include <utility>
 
 namespace keyDerivation {
@@ -34,7 +35,9 @@ std::optional<Salt> readSalt(const std::string& path) {
 }
 
 std::optional<std::string> rawKey(const std::string& password, const Salt& salt) {
+    static std::mutex held;  // a window reads a store in a thread of its own
     static std::map<std::pair<std::string, Salt>, std::string> known;
+    const std::scoped_lock alone(held);
     std::string& key = known[{password, salt}];
     if (key.empty()) {
         std::array<std::uint8_t, keySize> derived{};

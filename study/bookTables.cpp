@@ -1,0 +1,84 @@
+#include "study/bookTables.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <utility>
+
+#include "store/layer/schema.h"
+#include "study/readTables.h"
+#include "study/updateStore.h"
+
+namespace bookTables {
+
+namespace {
+
+bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
+
+/// The columns that a study has; the names of the others go into `others`.
+storeTable::Content contentOf(const schema::Table& table, const book::Sheet& sheet,
+                              std::vector<std::string>& others) {
+    storeTable::Content content;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < sheet.content.columns.size(); ++i) {
+        if (const auto column = schema::findColumn(table, sheet.content.columns[i])) {
+            content.columns.push_back(*column);
+            places.push_back(i);
+        } else {
+            others.push_back(sheet.content.columns[i]);
+        }
+    }
+    for (const auto& row : sheet.content.rows) {
+        std::vector<engine::Value>& copy = content.rows.emplace_back();
+        for (const std::size_t place : places) copy.push_back(row[place]);
+    }
+    return content;
+}
+
+void put(book::Book& book, const std::string& table, const storeTable::Content& content) {
+    book::Sheet& sheet = book::change(book, table);
+    sheet.content = {{}, content.rows};
+    for (const schema::NamedColumn& column : content.columns) sheet.content.columns.push_back(column.name);
+}
+
+}  // namespace
+
+writeTables::Outcome write(const book::Book& book, const std::string& folder, bool force) {
+    std::map<std::string, storeTable::Content> tables;
+    std::vector<std::string> notes;
+    for (const schema::Table& table : schema::tables()) {
+        const book::Sheet& sheet = book::sheetOf(book, table.name);
+        if (!isConfiguration(table) || !sheet.there) continue;
+        std::vector<std::string> others;
+        tables[sheet.name] = contentOf(table, sheet, others);
+        for (const std::string& other : others)
+            notes.push_back(
+                fmt::format("{}: column {} is none of a study's and is left out", table.name, other));
+    }
+    try {
+        writeTables::Outcome outcome = writeTables::write(tables, folder, force);
+        if (outcome.problems.empty()) outcome.notes.insert(outcome.notes.end(), notes.begin(), notes.end());
+        return outcome;
+    } catch (const std::filesystem::filesystem_error& error) {
+        const std::string reason = error.code() ? error.code().message() : "cannot be written";
+        return {{fmt::format("{}: {}", error.path1().string(), reason)}, false, {}};
+    }
+}
+
+Taken take(book::Book& book, const std::string& folder) {
+    const readTables::Tables files = updateStore::filesOf(folder);
+    Taken taken{files.problems, files.notes};
+    if (!taken.problems.empty()) return taken;
+    for (const auto& [name, content] : files.contents) {
+        const book::Sheet& sheet = book::sheetOf(book, name);
+        std::vector<std::string> others;
+        if (sheet.there && writeTables::bytesOf(contentOf(*schema::find(name), sheet, others)) ==
+                               writeTables::bytesOf(content))
+            continue;
+        put(book, sheet.name, content);
+        taken.tables.emplace_back(name);
+    }
+    return taken;
+}
+
+}  // namespace bookTables
