@@ -53,6 +53,25 @@ struct Given {
     std::string page;
 };
 
+void addPeople(CLI::App& app, Setup& setup) {
+    const auto time = CLI::Range(0.0, 600'000.0);
+    app.add_option("--mu", setup.times.mu, "response times: mean of the normal part, in milliseconds")
+        ->capture_default_str()
+        ->check(time);
+    app.add_option("--sigma", setup.times.sigma, "its standard deviation")
+        ->capture_default_str()
+        ->check(time);
+    app.add_option("--tau", setup.times.tau, "mean of the exponential part")
+        ->capture_default_str()
+        ->check(time);
+    app.add_option("--share", setup.parameters.share, "anchored: share of the way from base rate to chance")
+        ->capture_default_str()
+        ->check(CLI::Range(0.0, 1.0));
+    app.add_option("--threshold", setup.parameters.threshold, "satisficer: belief in percent that suffices")
+        ->capture_default_str()
+        ->check(CLI::Range(1, 100));
+}
+
 void addOptions(CLI::App& app, Run& run, Given& given) {
     app.add_option("--folder", run.setup.folder,
                    "the program's folder, with data and Patients in it; nothing "
@@ -87,24 +106,7 @@ void addOptions(CLI::App& app, Run& run, Given& given) {
                    "minutes after which a subject goes home from a patient whose trial does not end")
         ->capture_default_str()
         ->check(CLI::Range(1, 30'000));
-    const auto time = CLI::Range(0.0, 600'000.0);
-    app.add_option("--mu", run.setup.times.mu, "response times: mean of the normal part, in milliseconds")
-        ->capture_default_str()
-        ->check(time);
-    app.add_option("--sigma", run.setup.times.sigma, "its standard deviation")
-        ->capture_default_str()
-        ->check(time);
-    app.add_option("--tau", run.setup.times.tau, "mean of the exponential part")
-        ->capture_default_str()
-        ->check(time);
-    app.add_option("--share", run.setup.parameters.share,
-                   "anchored: share of the way from base rate to chance")
-        ->capture_default_str()
-        ->check(CLI::Range(0.0, 1.0));
-    app.add_option("--threshold", run.setup.parameters.threshold,
-                   "satisficer: belief in percent that suffices")
-        ->capture_default_str()
-        ->check(CLI::Range(1, 100));
+    addPeople(app, run.setup);
     app.footer("Policies:\n" + policyLines() +
                "\n"
                "The same seed gives the same rows, whatever the number of jobs and shards.\n"

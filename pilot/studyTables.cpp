@@ -25,6 +25,7 @@ int wholeAt(const Sheet& sheet, int row, std::string_view column) {
 
 std::vector<int> percentsAt(const Sheet& sheet, int row, int diseases, std::string_view suffix = {}) {
     std::vector<int> percents;
+    percents.reserve(static_cast<std::size_t>(diseases));
     for (int j = 0; j < diseases; ++j)
         percents.push_back(wholeAt(sheet, row, check::diseaseColumn(j, suffix)));
     return percents;

@@ -151,6 +151,17 @@ std::vector<Table> configurationTables() {
     };
 }
 
+Table wordOrderTable() {
+    return {"SubjectSettings",
+            Kind::Result,
+            {{"Subject", Text, "the sign-in name"},
+             {"Setting", Text, "scenario"},
+             {"TestOrder", Text, "symptom words in dealt order, comma separated"},
+             {"DiseaseOrder", Text, "disease words in dealt order, comma separated"}},
+            {},
+            "Subject"};
+}
+
 std::vector<Table> resultTables() {
     return {
         {"SubjectInfo",
@@ -163,14 +174,7 @@ std::vector<Table> resultTables() {
           {"Time", Text, "time of day"},
           {"History", Text, "the subject's own words, at most 250 characters"}},
          {}},
-        {"SubjectSettings",
-         Kind::Result,
-         {{"Subject", Text, "the sign-in name"},
-          {"Setting", Text, "scenario"},
-          {"TestOrder", Text, "symptom words in dealt order, comma separated"},
-          {"DiseaseOrder", Text, "disease words in dealt order, comma separated"}},
-         {},
-         "Subject"},
+        wordOrderTable(),
         trialTable(),
         eventTable(),
         {"dataGetTests",
