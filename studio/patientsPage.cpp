@@ -134,7 +134,11 @@ Seen seen(const std::function<std::optional<int>()>& person) {
     QObject::connect(button, &QPushButton::clicked, whole,
                      [=] { previews::enlarge(whole, "Page \"Patient\"", *picture); });
     const previews::Listener listener{
-        [=] { text->setText("It is drawn anew…"); },
+        [=] {
+            const bool somebody = person().has_value();
+            text->setText(somebody ? "It is drawn anew…" : "There is nobody yet. \"Add\" makes a person.");
+            if (!somebody) button->hide();
+        },
         [=](const QString& title, const QImage& drawn) {
             if (!title.contains("Patient\"")) return;
             *picture = drawn;
