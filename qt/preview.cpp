@@ -31,8 +31,8 @@
 namespace {
 
 constexpr int cannotGoOn = 1;
-constexpr int mostSteps = 60;                              ///< presses in dialogs; more of them lead nowhere
-constexpr std::int64_t longestTrial = 3 * 60 * 60 * 1000;  ///< virtual milliseconds
+constexpr int mostSteps = 60;  ///< presses in dialogs; more of them lead nowhere
+constexpr std::int64_t longestTrial = std::int64_t{3} * 60 * 60 * 1000;  ///< virtual milliseconds
 
 /// One screen of a usual size, whatever the station has.
 constexpr const char* screen = R"({ "screens": [ { "name": "preview", "x": 0, "y": 0, "width": 1440,

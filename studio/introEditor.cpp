@@ -13,6 +13,7 @@
 #include "qt/eventHook.h"
 #include "qt/look.h"
 #include "studio/fields.h"
+#include "studio/safely.h"
 #include "studio/workspace.h"
 #include "study/bookPeople.h"
 #include "study/introText.h"
@@ -31,6 +32,7 @@ struct State {
     QLabel* file;
     QLabel* unfit;
     QPushButton* mend;
+    QPushButton* own;
     std::optional<int> row = {};  ///< whose introduction is shown
     QString known = {};           ///< as it stands in the study
     bool changing = false;
@@ -94,7 +96,9 @@ void mark(State& state) {
         said << QString("%1 (marked): a note that holds one cannot be removed by the subject.")
                     .arg(apostrophes == 1 ? QString("One apostrophe")
                                           : QString("%1 apostrophes").arg(apostrophes));
-    if (others > 0) said << QString("%1 signs that are no text (marked); type them anew.").arg(others);
+    if (others > 0)
+        said << (others == 1 ? QString("One sign that is no text (marked); type it anew.")
+                             : QString("%1 signs that are no text (marked); type them anew.").arg(others));
     state.unfit->setText(said.join('\n'));
     state.unfit->setVisible(!said.isEmpty());
     state.mend->setVisible(apostrophes > 0);
@@ -124,18 +128,33 @@ void refresh(State& state) {
     }
     state.row = row;
     state.file->setText(row ? fileText(*row) : QString());
+    state.own->setVisible(row && !bookPeople::sharers(workspace::book(), *row, "Intro").empty());
     mark(state);
 }
 
-/// Puts the text into the person's file, which gets a name of its own where there is none.
+/// A file of the person's own, named after the person.
+std::string newFile(book::Book& book, int row) {
+    const std::string person = book::sheetOf(book, table).text(row, "Name");
+    std::string name = bookPeople::freeFile(book, workspace::folder(), person + ".txt");
+    book::set(book, {table, row, "Intro"}, name);
+    return name;
+}
+
+/// Puts the text into the person's file; a new one where there is none.
 void put(book::Book& book, int row, const QString& text) {
     std::string name = fileName(book, row);
-    if (name.empty() || name.find('/') != std::string::npos) {
-        const std::string person = book::sheetOf(book, table).text(row, "Name");
-        name = bookPeople::freeFile(book, workspace::folder(), person + ".txt");
-        book::set(book, {table, row, "Intro"}, name);
-    }
+    if (name.empty() || name.find('/') != std::string::npos) name = newFile(book, row);
     workspace::putFile(book, name, text.toStdString());
+}
+
+/// From here on the person's introduction is no longer that of others.
+void part(const State& state) {
+    const std::optional<int> row = state.person();
+    if (!row) return;
+    workspace::edit("Give the introduction a file of its own", [&](book::Book& book) {
+        workspace::putFile(book, newFile(book, *row), state.known.toStdString());
+        return std::string();
+    });
 }
 
 void write(State& state, const QString& text, const std::string& what, const std::string& of) {
@@ -184,7 +203,8 @@ Editor make(const std::function<std::optional<int>()>& person) {
         "The subject reads it on the page \"Patient\" and takes notes of it, at most 99 "
         "characters each.");
     const auto state = std::make_shared<State>(State{person, new QPlainTextEdit, new QLabel, new QLabel,
-                                                     new QPushButton("Replace by the typographic ’")});
+                                                     new QPushButton("Replace by the typographic ’"),
+                                                     new QPushButton("Give it a file of its own")});
     state->edit->setUndoRedoEnabled(false);
     state->edit->setTabChangesFocus(true);
     state->edit->setAcceptDrops(false);  // a picture can be dropped anywhere on the page
@@ -202,6 +222,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
     column->addWidget(state->unfit);
     column->addWidget(state->mend, 0, Qt::AlignLeft);
     column->addWidget(state->file);
+    column->addWidget(state->own, 0, Qt::AlignLeft);
     hookEvents(state->edit, leavesKey);
     QObject::connect(state->edit, &QPlainTextEdit::textChanged, state->edit, [state] {
         if (state->changing) return;
@@ -216,6 +237,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
         write(*state, text, "Replace apostrophes", {});
         state->edit->setFocus();
     });
+    QObject::connect(state->own, &QPushButton::clicked, state->edit, safely([state](bool) { part(*state); }));
     return {whole, state->edit, [state] { refresh(*state); }};
 }
 

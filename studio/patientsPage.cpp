@@ -96,7 +96,9 @@ void takeDrops(QWidget& page, const std::function<void(const QString&)>& take) {
 }
 
 bool show(QListWidget& list, const std::vector<Cell>& cells, const check::Finding& finding) {
-    if (!check::sameName(finding.table, table) || finding.row < 1 || finding.row > list.count()) return false;
+    if (!check::sameName(finding.table, table) || finding.row > list.count()) return false;
+    list.setFocus();
+    if (finding.row == 0) return true;  // of the roster as a whole
     list.setCurrentRow(finding.row - 1);
     for (const Cell& cell : cells) {
         if (check::sameName(cell.column, finding.column)) cell.field.widget->setFocus();
@@ -132,7 +134,11 @@ Seen seen(const std::function<std::optional<int>()>& person) {
     QObject::connect(button, &QPushButton::clicked, whole,
                      [=] { previews::enlarge(whole, "Page \"Patient\"", *picture); });
     const previews::Listener listener{
-        [=] { text->setText("It is drawn anew…"); },
+        [=] {
+            const bool somebody = person().has_value();
+            text->setText(somebody ? "It is drawn anew…" : "There is nobody yet. \"Add\" makes a person.");
+            if (!somebody) button->hide();
+        },
         [=](const QString& title, const QImage& drawn) {
             if (!title.contains("Patient\"")) return;
             *picture = drawn;
@@ -198,6 +204,7 @@ Page make() {
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     whole->addWidget(rosterList::make(*list, [name = cells.front().field.widget] {
         name->setFocus();
         qobject_cast<QLineEdit*>(name)->selectAll();

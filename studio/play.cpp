@@ -44,7 +44,9 @@ void start(const std::string& scenario) {
     onCopy::start({folder, program, {}, [](bool good, const QString& words) {
                        underWay = false;
                        said("The program has ended, and what it wrote was thrown away.");
-                       if (!good) notices::tell("The program has ended by itself.", words);
+                       if (!good)
+                           notices::tell("The program has ended by itself.",
+                                         words.isEmpty() ? "What is found in the study may say why." : words);
                    }});
 }
 

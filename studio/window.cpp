@@ -153,7 +153,8 @@ void go(const check::Finding& finding) {
     const auto nameAt = [&](const char* column) {
         return book::sheetOf(workspace::book(), finding.table).text(finding.row - 1, column);
     };
-    if (finding.row == 0) return fields::tellProblem("This finding belongs to the table as a whole.");
+    if (finding.row == 0 && finding.table != "tblPatients")
+        return fields::tellProblem("This finding belongs to the table as a whole.");
     Chosen wanted;
     if (finding.table == "tblVocabulary")
         wanted = {Kind::Words};
