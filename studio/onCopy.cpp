@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/companion.h"
 #include "studio/safely.h"
 
 namespace onCopy {
@@ -63,6 +64,7 @@ QProcess* start(const Wish& wish) {
     }();
     Q_UNUSED(endsWithUs);
     auto* const process = new QProcess;
+    process->setChildProcessModifier(companion::endWithMaker);
     running().push_back({process, wish});
     QObject::connect(process, &QProcess::finished, qApp, [process](int status, QProcess::ExitStatus how) {
         finish(process, how == QProcess::NormalExit && status == 0);
