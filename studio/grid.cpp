@@ -257,4 +257,14 @@ Grid make(const Wish& wish) {
             [=] { return table->currentRow(); }};
 }
 
+void fit(QTableWidget& table) {
+    table.resizeColumnsToContents();
+    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth() + 4;
+    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() + 4;
+    for (int row = 0; row < table.rowCount(); ++row) height += table.rowHeight(row);
+    for (int column = 0; column < table.columnCount(); ++column) width += table.columnWidth(column);
+    table.setFixedHeight(height);
+    table.setMaximumWidth(width);
+}
+
 }  // namespace grid

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     workspace::setDraftRoot((own + "/drafts").toStdString());
     window::show();
+    QTimer::singleShot(0, workspace::sweepRehearsals);
     const QString study = QApplication::arguments().value(1);
     if (!study.isEmpty()) QTimer::singleShot(0, [study] { window::open(study.toStdString()); });
     return QApplication::exec();

@@ -134,17 +134,6 @@ QGroupBox* group(const QString& title, const std::vector<QWidget*>& widgets, QHB
     return box;
 }
 
-/// As high as its rows need, so that the page scrolls and not the grid.
-void fit(QTableWidget& table) {
-    table.resizeColumnsToContents();
-    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth() + 4;
-    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() + 4;
-    for (int row = 0; row < table.rowCount(); ++row) height += table.rowHeight(row);
-    for (int column = 0; column < table.columnCount(); ++column) width += table.columnWidth(column);
-    table.setFixedHeight(height);
-    table.setMaximumWidth(width);
-}
-
 QGroupBox* ratesGroup(const Scenario& scenario, const grid::Grid& rates, QLabel* sum) {
     auto* const buttons = new QHBoxLayout;
     button("Add a disease", buttons, [=] {
@@ -227,7 +216,7 @@ Page make(const Scenario& scenario) {
     const auto refresh = [=] {
         for (const grid::Grid& each : {rates, symptoms, treatments}) {
             each.refresh();
-            fit(*each.table);
+            grid::fit(*each.table);
         }
         sum->setText(sumText(scenario()));
     };

@@ -2,9 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 
+#include "platform/companion.h"
 #include "platform/files.h"
 #include "study/bookDraft.h"
 #include "study/bookScenarios.h"
@@ -22,6 +25,8 @@ struct State {
     bookHistory::History history;
     std::vector<check::Finding> findings;
 };
+
+constexpr const char* rehearsalBegins = "tavix-studio-";  // in front of the process that made it
 
 std::string draftRoot;
 State state;
@@ -176,7 +181,8 @@ updateStore::Outcome save(bool closed) {
 }
 
 std::string rehearsal(const std::string& scenario) {
-    const std::string place = files::freshFolder("tavix-studio");
+    const std::string place =
+        files::freshFolder(fmt::format("{}{}", rehearsalBegins, companion::ownNumber()));
     book::Book played = state.history.now;
     if (!scenario.empty()) {
         for (const std::string& name : bookScenarios::namesOf(played)) {
@@ -191,6 +197,16 @@ std::string rehearsal(const std::string& scenario) {
         throw std::runtime_error(made.problems.front());
     }
     return place;
+}
+
+void sweepRehearsals() {
+    std::error_code failed;
+    for (const fs::directory_entry& entry : fs::directory_iterator(fs::temp_directory_path(failed), failed)) {
+        const std::string name = entry.path().filename().string();
+        if (!name.starts_with(rehearsalBegins)) continue;
+        const long maker = std::strtol(name.c_str() + std::strlen(rehearsalBegins), nullptr, 10);
+        if (maker > 0 && !companion::isRunning(maker)) fs::remove_all(entry.path(), failed);
+    }
 }
 
 std::string fileOf(const std::string& name) {

@@ -58,6 +58,9 @@ updateStore::Outcome save(bool closed);
 /// caller removes it. Throws std::exception.
 std::string rehearsal(const std::string& scenario);
 
+/// Removes what windows that were killed have left of theirs.
+void sweepRehearsals();
+
 /// Where the bytes of a file of Patients/ stand now.
 std::string fileOf(const std::string& name);
 /// Puts bytes under a name of Patients/ into a state of the study.
