@@ -43,6 +43,9 @@ struct Grid {
 
 Grid make(const Wish& wish);
 
+/// The deeper the more; no shade for nothing.
+void shade(QTableWidgetItem& item, std::optional<double> percent);
+
 /// As high as its rows need, so that the page scrolls and not the grid.
 void fit(QTableWidget& table);
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/numberText.h"
+#include "studio/chances.h"
 #include "studio/fields.h"
 #include "studio/grid.h"
 #include "studio/workspace.h"
@@ -209,6 +210,10 @@ Page make(const Scenario& scenario) {
     column->addWidget(ratesGroup(scenario, rates, sum));
     column->addWidget(symptomsGroup(scenario, symptoms));
     column->addWidget(treatmentsGroup(scenario, treatments));
+    const chances::Tables follows = chances::make();
+    column->addWidget(group("How far the tests tell the diseases apart", follows.ofTests, nullptr));
+    column->addWidget(
+        group("The chances that follow for each pattern of findings", follows.ofPatterns, nullptr));
     column->addStretch();
     area->setWidget(inside);
     area->setWidgetResizable(true);
@@ -219,6 +224,7 @@ Page make(const Scenario& scenario) {
             grid::fit(*each.table);
         }
         sum->setText(sumText(scenario()));
+        follows.show(scenario());
     };
     const auto show = [=](const check::Finding& finding) {
         return rates.show(finding) || symptoms.show(finding) || treatments.show(finding);

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "studio/grid.h"
+#include "studio/plainTable.h"
 #include "study/survival.h"
 
 namespace pilotTable {
@@ -122,37 +122,21 @@ std::vector<Line> linesOf(const Outcomes& outcomes) {
 
 }  // namespace
 
-QTableWidget* make() {
-    auto* const table = new QTableWidget;
-    table->setAccessibleName("Figures of the simulated subjects");
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setTabKeyNavigation(false);
-    return table;
-}
+QTableWidget* make() { return plainTable::make("Figures of the simulated subjects"); }
 
 void show(QTableWidget& table, const Outcomes& outcomes) {
-    const std::vector<Line> lines = linesOf(outcomes);
     QStringList policies;
-    for (const Outcome& each : outcomes) policies << QString::fromStdString(each.policy);
     QStringList names;
-    for (const Line& line : lines) names << QString::fromStdString(line.name);
-    table.setRowCount(static_cast<int>(lines.size()));
-    table.setColumnCount(static_cast<int>(outcomes.size()));
-    table.setHorizontalHeaderLabels(policies);
-    table.setVerticalHeaderLabels(names);
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            const std::string text =
-                lines[static_cast<std::size_t>(row)].say(outcomes[static_cast<std::size_t>(column)]);
-            auto* const item = new QTableWidgetItem(QString::fromStdString(text));
-            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            item->setData(Qt::AccessibleTextRole,
-                          QString("%1, %2: %3").arg(names[row], policies[column], item->text()));
-            table.setItem(row, column, item);
+    std::vector<std::vector<plainTable::Cell>> cells;
+    for (const Outcome& each : outcomes) policies << QString::fromStdString(each.policy);
+    if (!outcomes.empty()) {
+        for (const Line& line : linesOf(outcomes)) {
+            names << QString::fromStdString(line.name);
+            auto& row = cells.emplace_back();
+            for (const Outcome& each : outcomes) row.push_back({QString::fromStdString(line.say(each))});
         }
     }
-    table.setVisible(!outcomes.empty());
-    grid::fit(table);
+    plainTable::show(table, policies, names, cells);
 }
 
 }  // namespace pilotTable
