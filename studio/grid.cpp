@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <memory>
@@ -27,7 +28,8 @@ struct State {
     View view = {};
 };
 
-constexpr int mostShade = 130;  ///< alpha of a cell of 100 per cent
+constexpr const char* rowsHeight = "rowsHeight";  ///< property: pixels without the scroll bar
+constexpr int mostShade = 130;                    ///< alpha of a cell of 100 per cent
 
 bool flagOf(const std::vector<bool>& flags, int column) {
     return static_cast<std::size_t>(column) < flags.size() && flags[static_cast<std::size_t>(column)];
@@ -38,13 +40,6 @@ std::optional<book::Place> placeAt(const View& view, int row, int column) {
     const auto& line = view.places[static_cast<std::size_t>(row)];
     return static_cast<std::size_t>(column) < line.size() ? line[static_cast<std::size_t>(column)]
                                                           : std::nullopt;
-}
-
-void shade(QTableWidgetItem& item, const QString& text) {
-    QColor colour = look::colours().accent;
-    const double percent = std::clamp(numberText::toNumber(text.toStdString()), 0.0, 100.0);
-    colour.setAlpha(static_cast<int>(percent * mostShade / 100));
-    item.setBackground(text.isEmpty() ? QBrush() : QBrush(colour));
 }
 
 void fill(QTableWidget& table, State& state) {
@@ -73,7 +68,9 @@ void fill(QTableWidget& table, State& state) {
                           ticks ? QVariant(on ? Qt::Checked : Qt::Unchecked) : QVariant());
             item->setData(Qt::AccessibleTextRole,
                           QString("%1, %2: %3").arg(view.rows.value(row), view.columns.value(column), text));
-            if (flagOf(view.shaded, column)) shade(*item, text);
+            if (flagOf(view.shaded, column))
+                shade(*item, text.isEmpty() ? std::nullopt
+                                            : std::optional(numberText::toNumber(text.toStdString())));
         }
     }
 }
@@ -255,6 +252,32 @@ Grid make(const Wish& wish) {
     return {table, [=] { fill(*table, *state); },
             [=](const check::Finding& finding) { return show(*table, state->view, finding); },
             [=] { return table->currentRow(); }};
+}
+
+void shade(QTableWidgetItem& item, std::optional<double> percent) {
+    QColor colour = look::colours().accent;
+    colour.setAlpha(static_cast<int>(std::clamp(percent.value_or(0), 0.0, 100.0) * mostShade / 100));
+    item.setBackground(percent ? QBrush(colour) : QBrush());
+}
+
+void fit(QTableWidget& table) {
+    table.resizeColumnsToContents();
+    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth() + 4;
+    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() + 4;
+    for (int row = 0; row < table.rowCount(); ++row) height += table.rowHeight(row);
+    for (int column = 0; column < table.columnCount(); ++column) width += table.columnWidth(column);
+    table.setMaximumWidth(width);
+    const auto setHeight = [&table](int rows, int hidden) {
+        table.setFixedHeight(rows + (hidden > 0 ? table.horizontalScrollBar()->sizeHint().height() : 0));
+    };
+    if (!table.property(rowsHeight).isValid()) {
+        table.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        QObject::connect(
+            table.horizontalScrollBar(), &QScrollBar::rangeChanged, &table,
+            [&table, setHeight](int, int hidden) { setHeight(table.property(rowsHeight).toInt(), hidden); });
+    }
+    table.setProperty(rowsHeight, height);
+    setHeight(height, table.horizontalScrollBar()->maximum());
 }
 
 }  // namespace grid

@@ -43,6 +43,12 @@ struct Grid {
 
 Grid make(const Wish& wish);
 
+/// The deeper the more; no shade for nothing.
+void shade(QTableWidgetItem& item, std::optional<double> percent);
+
+/// As high as its rows need, so that the page scrolls and not the grid.
+void fit(QTableWidget& table);
+
 /// Cells as a spreadsheet puts them on the clipboard: tabs and line ends, quotes around what holds them.
 QString textOf(const std::vector<QStringList>& cells);
 std::vector<QStringList> cellsOf(const QString& text);

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     workspace::setDraftRoot((own + "/drafts").toStdString());
     window::show();
+    QTimer::singleShot(0, workspace::sweepRehearsals);
     if (!study.empty()) QTimer::singleShot(0, [study] { window::open(study); });
     return QApplication::exec();
 }

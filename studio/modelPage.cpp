@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/numberText.h"
+#include "studio/chances.h"
 #include "studio/fields.h"
 #include "studio/grid.h"
 #include "studio/workspace.h"
@@ -134,17 +135,6 @@ QGroupBox* group(const QString& title, const std::vector<QWidget*>& widgets, QHB
     return box;
 }
 
-/// As high as its rows need, so that the page scrolls and not the grid.
-void fit(QTableWidget& table) {
-    table.resizeColumnsToContents();
-    int height = table.horizontalHeader()->sizeHint().height() + 2 * table.frameWidth() + 4;
-    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() + 4;
-    for (int row = 0; row < table.rowCount(); ++row) height += table.rowHeight(row);
-    for (int column = 0; column < table.columnCount(); ++column) width += table.columnWidth(column);
-    table.setFixedHeight(height);
-    table.setMaximumWidth(width);
-}
-
 QGroupBox* ratesGroup(const Scenario& scenario, const grid::Grid& rates, QLabel* sum) {
     auto* const buttons = new QHBoxLayout;
     button("Add a disease", buttons, [=] {
@@ -220,6 +210,10 @@ Page make(const Scenario& scenario) {
     column->addWidget(ratesGroup(scenario, rates, sum));
     column->addWidget(symptomsGroup(scenario, symptoms));
     column->addWidget(treatmentsGroup(scenario, treatments));
+    const chances::Tables follows = chances::make();
+    column->addWidget(group("How far the tests tell the diseases apart", follows.ofTests, nullptr));
+    column->addWidget(
+        group("The chances that follow for each pattern of findings", follows.ofPatterns, nullptr));
     column->addStretch();
     area->setWidget(inside);
     area->setWidgetResizable(true);
@@ -227,9 +221,10 @@ Page make(const Scenario& scenario) {
     const auto refresh = [=] {
         for (const grid::Grid& each : {rates, symptoms, treatments}) {
             each.refresh();
-            fit(*each.table);
+            grid::fit(*each.table);
         }
         sum->setText(sumText(scenario()));
+        follows.show(scenario());
     };
     const auto show = [=](const check::Finding& finding) {
         return rates.show(finding) || symptoms.show(finding) || treatments.show(finding);

@@ -11,6 +11,7 @@
 #include "studio/fields.h"
 #include "studio/modelPage.h"
 #include "studio/optionsPage.h"
+#include "studio/pilotPage.h"
 #include "studio/play.h"
 #include "studio/safely.h"
 #include "studio/screensPage.h"
@@ -80,7 +81,8 @@ Page make(const std::function<std::string()>& scenario, const Follow& follow) {
     auto* const tabs = new QTabWidget;
     const std::vector<std::pair<QString, Page>> pages{{"Options", optionsPage::make(scenario)},
                                                       {"Model", modelPage::make(scenario)},
-                                                      {"On screen", screensPage::make(scenario)}};
+                                                      {"On screen", screensPage::make(scenario)},
+                                                      {"What it will be like", pilotPage::make(scenario)}};
     head->addWidget(name);
     head->addStretch();
     const auto button = [&](const QString& caption, const std::function<void()>& act) {

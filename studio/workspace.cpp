@@ -3,12 +3,15 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "platform/companion.h"
 #include "platform/files.h"
 #include "studio/background.h"
 #include "study/bookDraft.h"
@@ -30,6 +33,7 @@ struct State {
 };
 
 constexpr std::chrono::seconds patience{2};  // for what reads the results
+constexpr const char* rehearsalBegins = "tavix-studio-";  // in front of the process that made it
 
 std::string draftRoot;
 State state;
@@ -210,7 +214,8 @@ updateStore::Outcome save(bool closed) {
 }
 
 std::string rehearsal(const Part& part) {
-    const std::string place = files::freshFolder("tavix-studio");
+    const std::string place =
+        files::freshFolder(fmt::format("{}{}", rehearsalBegins, companion::ownNumber()));
     book::Book played = state.history.now;
     if (!part.scenario.empty()) {
         for (const std::string& name : bookScenarios::namesOf(played)) {
@@ -226,6 +231,16 @@ std::string rehearsal(const Part& part) {
         throw std::runtime_error(made.problems.front());
     }
     return place;
+}
+
+void sweepRehearsals() {
+    std::error_code failed;
+    for (const fs::directory_entry& entry : fs::directory_iterator(fs::temp_directory_path(failed), failed)) {
+        const std::string name = entry.path().filename().string();
+        if (!name.starts_with(rehearsalBegins)) continue;
+        const long maker = std::strtol(name.c_str() + std::strlen(rehearsalBegins), nullptr, 10);
+        if (maker > 0 && !companion::isRunning(maker)) fs::remove_all(entry.path(), failed);
+    }
 }
 
 std::string fileOf(const std::string& name) {

@@ -67,6 +67,9 @@ struct Part {
 /// std::exception.
 std::string rehearsal(const Part& part);
 
+/// Removes what windows that were killed have left of theirs.
+void sweepRehearsals();
+
 /// Where the bytes of a file of Patients/ stand now.
 std::string fileOf(const std::string& name);
 /// Puts bytes under a name of Patients/ into a state of the study.
