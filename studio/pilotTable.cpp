@@ -100,7 +100,11 @@ std::vector<Line> linesOf(const Outcomes& outcomes) {
         {"Subjects", [](const Outcome& each) { return std::to_string(each.subjects); }},
         {"Patients", [](const Outcome& each) { return std::to_string(each.figures.patients); }},
         {"Subjects who did not come to their last patient",
-         [](const Outcome& each) { return std::to_string(each.brokenOff); }},
+         [](const Outcome& each) {
+             int all = 0;
+             for (const auto& [cause, sessions] : each.brokenOff) all += sessions;
+             return std::to_string(all);
+         }},
         {"Saved, of finished patients",
          [](const Outcome& each) { return share(each.figures.saved, each.figures.finished); }}};
     addEnds(lines, outcomes);
