@@ -1,10 +1,10 @@
 # What is installed where, and the package of it. tavix-study finds its parts relative to itself; the desktop
 # program is copied from lib/tavix into each study and so stands on no path.
 
-set(programs tavix tavix-headless tavix-pilot tavixdb tavix-notice tavix-preview)
+set(programs tavix tavix-studio tavix-headless tavix-pilot tavixdb tavix-notice tavix-preview)
 install(TARGETS ${programs} DESTINATION lib/tavix)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
-foreach(name tavix-headless tavix-pilot tavixdb)
+foreach(name tavix-studio tavix-headless tavix-pilot tavixdb)
   file(CREATE_LINK ../lib/tavix/${name} ${CMAKE_BINARY_DIR}/links/${name} SYMBOLIC)
   install(FILES ${CMAKE_BINARY_DIR}/links/${name} DESTINATION bin)
 endforeach()
@@ -34,7 +34,7 @@ install(DIRECTORY ${CMAKE_BINARY_DIR}/icons/ DESTINATION share/icons/hicolor)
 find_program(HELP2MAN help2man)
 if(HELP2MAN)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
-  foreach(name tavix-study tavix-headless tavix-pilot tavixdb)
+  foreach(name tavix-study tavix-studio tavix-headless tavix-pilot tavixdb)
     set(program ${CMAKE_SOURCE_DIR}/packaging/${name})
     if(TARGET ${name})
       set(program $<TARGET_FILE:${name}>)
@@ -62,7 +62,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "A subject takes the role of a doctor and treats simulated patients while a
 simulated clock runs. A study is one folder with one protected store of its
-tables and results; tavix-study makes or opens it.")
+tables and results, made, checked, tried and watched in a window.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-inter, fonts-dejavu-core")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS sqlcipher) # the analyst's way into a store; no program of ours runs it

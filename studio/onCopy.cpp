@@ -76,6 +76,8 @@ QProcess* start(const Wish& wish) {
     return process;
 }
 
+bool atWork() { return !running().empty(); }
+
 void stop(QProcess* process) {
     const auto found = std::ranges::find(running(), process, &Running::process);
     if (found == running().end()) return;

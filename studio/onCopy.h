@@ -21,6 +21,9 @@ struct Wish {
 /// Starts the program. The process is deleted some time after it has ended.
 QProcess* start(const Wish& wish);
 
+/// Whether any of them runs.
+bool atWork();
+
 /// Ends a program whose end nobody wants to hear of.
 void stop(QProcess* process);
 

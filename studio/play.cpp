@@ -1,6 +1,8 @@
 #include "studio/play.h"
 
+#include <QProcess>
 #include <filesystem>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/files.h"
@@ -48,6 +50,19 @@ void start(const std::string& scenario) {
                            notices::tell("The program has ended by itself.",
                                          words.isEmpty() ? "What is found in the study may say why." : words);
                    }});
+}
+
+void forSubject() {
+    if (!workspace::isOpen()) return;
+    // It puts the program into the folder, and says in a box what is against it.
+    QProcess starter;
+    starter.setProgram(QString::fromStdString(files::folderOfProgram() + "/../../bin/tavix-study"));
+    starter.setArguments({QString::fromStdString(workspace::folder())});
+    starter.setStandardInputFile(QProcess::nullDevice());
+    starter.setStandardOutputFile(QProcess::nullDevice());
+    starter.setStandardErrorFile(QProcess::nullDevice());
+    if (!starter.startDetached()) throw std::runtime_error("tavix-study is not installed with this program.");
+    said("The program starts in the study's folder. What the subject does is kept.");
 }
 
 }  // namespace play

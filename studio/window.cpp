@@ -53,6 +53,7 @@ struct Window {
     QAction* redo;
     QAction* save;
     QAction* play;
+    QAction* session;
     std::vector<QAction*> tables;  ///< out and in
     QTimer* draftTimer;
     findingsPanel::Panel findings;
@@ -137,6 +138,7 @@ void refresh() {
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
     w.save->setEnabled(changed);
     w.play->setEnabled(workspace::isOpen());
+    w.session->setEnabled(workspace::isOpen());
     for (QAction* each : w.tables) each->setEnabled(workspace::isOpen());
     w.main->setWindowModified(changed);
     w.main->setWindowTitle(workspace::isOpen()
@@ -201,6 +203,17 @@ bool save() {
                       listOf(outcome.misfits));
     w.main->statusBar()->showMessage(text, 5000);
     return true;
+}
+
+/// A subject plays what is saved.
+void startForSubject() {
+    if (bookHistory::isChanged(workspace::history())) {
+        const int pressed =
+            notices::ask("The study has changes that are not saved, and a subject would not get them.", {},
+                         {"Save and start", "Go back"});
+        if (pressed != 0 || !save()) return;
+    }
+    play::forSubject();
 }
 
 void tablesOut() {
@@ -325,6 +338,7 @@ void buildMenus() {
     QMenu* const run = w.main->menuBar()->addMenu("&Try");
     w.play = action(run, "Play", QKeySequence(Qt::Key_F5),
                     [] { play::start(w.chosen.kind == Kind::Scenario ? w.chosen.name : std::string()); });
+    w.session = action(run, "Start for a subject", {}, startForSubject);
     w.play->setToolTip("Starts the program on a copy of the study (F5). What it writes is thrown away.");
     auto* const bar = w.main->addToolBar("Study");
     bar->setMovable(false);
