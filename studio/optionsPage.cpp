@@ -191,7 +191,8 @@ Page make(const std::function<std::string()>& scenario) {
     const auto show = [=](const check::Finding& finding) {
         if (finding.table != table) return false;
         for (const auto& [column, field] : building->fields) {
-            if (!check::sameName(column, finding.column)) continue;
+            const std::optional<book::Place> place = field.where();
+            if (!place || place->row != finding.row - 1 || !check::sameName(column, finding.column)) continue;
             area->ensureWidgetVisible(field.widget);
             field.widget->setFocus();
             return true;

@@ -1,5 +1,5 @@
-// The real program, started from the window: "Play" on a copy of the study, for the experimenter to try, whose
-// rows go with the copy when it ends; and in the study's own folder, for a subject.
+// The real program, started from the window: "Play" on a copy of the study, for the experimenter to try,
+// whose rows go with the copy when it ends; and in the study's own folder, for a subject.
 #pragma once
 
 #include <QString>

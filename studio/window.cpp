@@ -16,6 +16,7 @@
 #include <memory>
 
 #include "qt/eventHook.h"
+#include "store/layer/schema.h"
 #include "studio/fields.h"
 #include "studio/findingsPanel.h"
 #include "studio/handOver.h"
@@ -28,15 +29,17 @@
 #include "studio/scenarioPage.h"
 #include "studio/sheet.h"
 #include "studio/startPage.h"
+#include "studio/tablePage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 #include "study/bookTables.h"
+#include "study/check.h"
 
 namespace window {
 
 namespace {
 
-enum class Kind { Start, Scenario, Patients, Words, Tests, Results };
+enum class Kind { Start, Scenario, Patients, Words, Tests, Table, Results };
 
 /// What the tree has chosen.
 struct Chosen {
@@ -105,6 +108,8 @@ void fillTree() {
     for (const std::string& list : bookScenarios::testLists(workspace::book()))
         entry(tests, QString::fromStdString(list), {Kind::Tests, list});
     entry(nullptr, "Results", {Kind::Results});
+    if (w.chosen.kind == Kind::Table)
+        entry(nullptr, "Table " + QString::fromStdString(w.chosen.name), w.chosen);
     w.tree->expandAll();
 }
 
@@ -151,10 +156,18 @@ void refresh() {
     showChosen();
 }
 
-void go(const check::Finding& finding) {
+/// Whether the table has a page of its own: those that are configured, which alone can be changed.
+bool isConfigured(const std::string& table) {
+    const schema::Table* known = schema::find(table);
+    return known != nullptr && known->kind == schema::Kind::Configuration;
+}
+
+/// The pages on which the cell may stand, the best first.
+std::vector<Chosen> placesOf(const check::Finding& finding) {
     const auto nameAt = [&](const char* column) {
         return book::sheetOf(workspace::book(), finding.table).text(finding.row - 1, column);
     };
+<<<<<<< HEAD
     if (finding.row == 0 && finding.table != "tblPatients")
         return fields::tellProblem("This finding belongs to the table as a whole.");
     Chosen wanted;
@@ -172,6 +185,34 @@ void go(const check::Finding& finding) {
         fields::tellProblem(QString("%1, row %2 cannot be shown on a page.")
                                 .arg(QString::fromStdString(finding.table))
                                 .arg(finding.row));
+=======
+    if (!isConfigured(finding.table)) return {{Kind::Results}};
+    std::vector<Chosen> places;
+    if (finding.table == "tblVocabulary") places.push_back({Kind::Words});
+    if (finding.table == "tblPatients") places.push_back({Kind::Patients});
+    if (finding.row == 0) {
+        if (places.empty()) places.push_back({Kind::Table, finding.table});
+        return places;
+    }
+    if (finding.table == "tblTests") places.push_back({Kind::Tests, nameAt("SETTING")});
+    const std::string scenario = nameAt("Setting");
+    if (finding.table != "tblTests" && !scenario.empty()) places.push_back({Kind::Scenario, scenario});
+    places.push_back({Kind::Table, finding.table});
+    return places;
+}
+
+/// Shows the first page that has the cell of the finding.
+void go(const check::Finding& finding) {
+    const std::string told = check::lineOf(finding);
+    for (const Chosen& place : placesOf(finding)) {
+        w.chosen = place;
+        refresh();
+        const bool stayed = w.chosen.kind == place.kind && check::sameName(w.chosen.name, place.name);
+        if (stayed && pageOf(place.kind).show(finding)) return;
+    }
+    // It belongs to no cell; what it says is the way to its remedy.
+    fields::tellProblem(QString::fromStdString(told));
+>>>>>>> 14fafd3f7956818d0bfe2ef4ef9adfd33802a97c
 }
 
 QString listOf(const std::vector<std::string>& lines) {
@@ -357,6 +398,7 @@ void buildPages() {
     w.pages.emplace_back(Kind::Patients, patientsPage::make());
     w.pages.emplace_back(Kind::Words, listPages::words());
     w.pages.emplace_back(Kind::Tests, listPages::tests(name));
+    w.pages.emplace_back(Kind::Table, tablePage::make(name));
     w.pages.emplace_back(Kind::Results, resultsPage::make());
     for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
 }

@@ -21,6 +21,11 @@ schema::NamedColumn columnFor(std::string_view table, const std::string& column)
     return schema::findColumn(*known, column).value_or(schema::NamedColumn{column, schema::ColumnType::Text});
 }
 
+void addColumnTo(Sheet& sheet, const std::string& column) {
+    sheet.content.columns.push_back(columnFor(sheet.name, column).name);
+    for (auto& row : sheet.content.rows) row.emplace_back();
+}
+
 }  // namespace
 
 Book open(const std::string& file) {
@@ -105,13 +110,14 @@ std::string put(Book& book, const Place& place, const std::string& text) {
 
 void set(Book& book, const Place& place, engine::Value value) {
     Sheet& sheet = change(book, place.table);
-    int at = readStore::columnOf(sheet.content, place.column);
-    if (at < 0) {
-        at = static_cast<int>(sheet.content.columns.size());
-        sheet.content.columns.push_back(columnFor(place.table, place.column).name);
-        for (auto& row : sheet.content.rows) row.emplace_back();
-    }
+    if (!sheet.has(place.column)) addColumnTo(sheet, place.column);
+    const int at = readStore::columnOf(sheet.content, place.column);
     sheet.content.rows[static_cast<std::size_t>(place.row)][static_cast<std::size_t>(at)] = std::move(value);
+}
+
+void addColumn(Book& book, std::string_view table, const std::string& column) {
+    Sheet& sheet = change(book, table);
+    if (!sheet.has(column)) addColumnTo(sheet, column);
 }
 
 std::optional<int> rowOf(const Book& book, std::string_view table, std::string_view column,

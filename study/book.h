@@ -59,6 +59,9 @@ std::string put(Book& book, const Place& place, const std::string& text);
 /// The same for a value that fits.
 void set(Book& book, const Place& place, engine::Value value);
 
+/// Adds a column, with an empty value in each row.
+void addColumn(Book& book, std::string_view table, const std::string& column);
+
 /// The row of that table in which the column holds this text, case aside.
 std::optional<int> rowOf(const Book& book, std::string_view table, std::string_view column,
                          std::string_view text);

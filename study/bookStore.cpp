@@ -37,7 +37,13 @@ readTables::Tables tablesOf(const book::Book& opened, const book::Book& now, boo
     readTables::Tables tables;
     for (const schema::Table& table : schema::tables()) {
         const book::Sheet& sheet = book::sheetOf(now, table.name);
-        if (!isConfiguration(table) || !sheet.there) continue;
+        if (!sheet.there) continue;
+        if (!isConfiguration(table)) {
+            const book::Sheet& was = book::sheetOf(opened, table.name);
+            if (!all && was.content.columns != sheet.content.columns)
+                tables.contents[table.name] = {contentOf(table, sheet).columns, {}};
+            continue;
+        }
         for (const std::string& column : sheet.content.columns)
             tables.mostDiseases = std::max(tables.mostDiseases, schema::seriesNumber(table, column));
         if (all || !book::sameTable(book::sheetOf(opened, table.name), sheet))
@@ -50,6 +56,7 @@ std::vector<std::string> changedSince(engine::Connection& database, const book::
                                       const readTables::Tables& tables) {
     std::vector<std::string> problems;
     for (const auto& [name, content] : tables.contents) {
+        if (!isConfiguration(*schema::find(name))) continue;
         const book::Sheet& was = book::sheetOf(opened, name);
         const bool there = storeTable::exists(database, std::string(name));
         if (!there && !was.there) continue;

@@ -49,9 +49,11 @@ engine::Value valueFor(const schema::Table& table, const std::string& column) {
 }
 
 std::optional<Remedy> missingColumn(const Spot& at) {
-    if (at.column.empty() || at.sheet.has(at.column) || at.sheet.size() == 0) return {};
+    if (!at.sheet.there || at.column.empty() || at.sheet.has(at.column)) return {};
     const schema::Table& table = *schema::find(at.sheet.name);
-    return Remedy{"Add the column", [&table, column = at.column, rows = at.sheet.size()](Book& book) {
+    const int rows = table.kind == schema::Kind::Configuration ? at.sheet.size() : 0;
+    return Remedy{"Add the column", [&table, column = at.column, rows](Book& book) {
+                      book::addColumn(book, table.name, column);
                       for (int row = 0; row < rows; ++row)
                           book::set(book, {std::string(table.name), row, column}, valueFor(table, column));
                   }};
@@ -175,9 +177,14 @@ std::optional<Remedy> flags(const Spot& at) {
 std::optional<Remedy> of(const Book& book, const check::Finding& finding) {
     const auto sheet = book.sheets.find(finding.table);
     const schema::Table* table = schema::find(finding.table);
-    if (sheet == book.sheets.end() || table == nullptr || table->kind != schema::Kind::Configuration)
-        return {};
+    if (sheet == book.sheets.end() || table == nullptr) return {};
     const Spot at{book, *sheet->second, finding.row - 1, finding.column};
+    // The rows of results stay as they are; only what a session needs to write them can be added.
+    if (table->kind != schema::Kind::Configuration) {
+        if (at.row >= 0) return {};
+        std::optional<Remedy> added = missingTable(at);
+        return added ? added : missingColumn(at);
+    }
     if (at.row >= at.sheet.size()) return {};
     for (const auto& remedy : {missingTable, missingColumn, missingRates, missingRows, sumOfRates, counts,
                                strangers, words, lengths, flags}) {

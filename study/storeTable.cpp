@@ -26,9 +26,11 @@ void widen(engine::Connection& database, const schema::Table& table, const Conte
     const std::string name = dialect::quoted(std::string(table.name));
     const engine::Rows there{engine::columnsOf(database, "SELECT * FROM " + name), {}};
     for (const schema::NamedColumn& column : content.columns) {
-        if (readStore::columnOf(there, column.name) < 0)
-            engine::execute(database,
-                            fmt::format("ALTER TABLE {} ADD COLUMN {}", name, dialect::quoted(column.name)));
+        if (readStore::columnOf(there, column.name) >= 0) continue;
+        const auto known = schema::findColumn(table, column.name);
+        engine::execute(database,
+                        fmt::format("ALTER TABLE {} ADD COLUMN {} {}", name, dialect::quoted(column.name),
+                                    known ? schema::declaration(known->type) : ""));
     }
 }
 

@@ -18,8 +18,8 @@ struct Content {
 /// Makes the table, without a row. Its numbered columns run to `diseases`.
 void make(engine::Connection& database, const schema::Table& table, int diseases);
 
-/// Adds the columns of the content that the table does not have, without a type: their values stay as they
-/// are.
+/// Adds the columns of the content that the table does not have; those that the schema does not know have no
+/// type, so that their values stay as they are.
 void widen(engine::Connection& database, const schema::Table& table, const Content& content);
 
 /// Adds the rows.

@@ -37,6 +37,10 @@ std::string putIn(engine::Connection& database, const schema::Table& table, cons
     const std::string name(table.name);
     const storeTable::Content& content = files.contents.at(table.name);
     std::string kept;
+    if (!isConfiguration(table) && storeTable::exists(database, name)) {
+        storeTable::widen(database, table, content);
+        return name + ": columns that were missing are there";
+    }
     if (storeTable::exists(database, name)) {
         if (writeTables::bytesOf(inForce(database, table)) == writeTables::bytesOf(content))
             return name + ": the same already";

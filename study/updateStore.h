@@ -33,7 +33,7 @@ Outcome update(const std::string& file, const std::string& folder, Wish wish);
 /// Why these tables cannot go in, asked when the store is locked; none to go on.
 using Judge = std::function<std::vector<std::string>(engine::Connection& database)>;
 
-/// The same for tables that are at hand.
+/// The same for tables that are at hand. Of results only what is missing is made, tables and columns.
 Outcome replace(const std::string& file, const readTables::Tables& tables, const Judge& judge, Wish wish);
 
 }  // namespace updateStore
