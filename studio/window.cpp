@@ -167,25 +167,6 @@ std::vector<Chosen> placesOf(const check::Finding& finding) {
     const auto nameAt = [&](const char* column) {
         return book::sheetOf(workspace::book(), finding.table).text(finding.row - 1, column);
     };
-<<<<<<< HEAD
-    if (finding.row == 0 && finding.table != "tblPatients")
-        return fields::tellProblem("This finding belongs to the table as a whole.");
-    Chosen wanted;
-    if (finding.table == "tblVocabulary")
-        wanted = {Kind::Words};
-    else if (finding.table == "tblPatients")
-        wanted = {Kind::Patients};
-    else if (finding.table == "tblTests")
-        wanted = {Kind::Tests, nameAt("SETTING")};
-    else
-        wanted = {Kind::Scenario, nameAt("Setting")};
-    w.chosen = wanted;
-    refresh();
-    if (!pageOf(w.chosen.kind).show(finding))
-        fields::tellProblem(QString("%1, row %2 cannot be shown on a page.")
-                                .arg(QString::fromStdString(finding.table))
-                                .arg(finding.row));
-=======
     if (!isConfigured(finding.table)) return {{Kind::Results}};
     std::vector<Chosen> places;
     if (finding.table == "tblVocabulary") places.push_back({Kind::Words});
@@ -212,7 +193,6 @@ void go(const check::Finding& finding) {
     }
     // It belongs to no cell; what it says is the way to its remedy.
     fields::tellProblem(QString::fromStdString(told));
->>>>>>> 14fafd3f7956818d0bfe2ef4ef9adfd33802a97c
 }
 
 QString listOf(const std::vector<std::string>& lines) {
