@@ -114,6 +114,7 @@ workers::Job jobOf(const Plan& plan, const emptyStore::Layout& layout) {
 }  // namespace
 
 Outcome play(const Run& run) {
+    interruption::watch();
     const emptyStore::Layout layout = emptyStore::read(run.setup.folder + "/data/TavixData.mdb");
     const Plan plan = planOf(run, emptyStore::scenarios(layout));
     const std::int64_t first = plan.firstOf(run.shard);
@@ -123,7 +124,6 @@ Outcome play(const Run& run) {
     if (begins) outputStore::make(run.file, layout, row);
     std::int64_t done = begins ? 0 : outputStore::subjectsIn(run.file, layout, row);
 
-    interruption::watch();
     const engine::Database database = engine::open(run.file, store::password, engine::Access::Write);
     const auto tell = progressLine::count("subjects", done, end - first);
     std::vector<std::string> waiting;

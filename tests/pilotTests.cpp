@@ -85,9 +85,11 @@ TEST(Pilot, brokenOffRunIsWholeAndGoesOn) {
     const Pilot pilot;
     const std::string command = "--scenario Four --subjects 150 --trials 4 --policy random --seed 6 ";
     pilot.run("whole", command);
-    const std::string broken = outputOf("timeout --preserve-status -s INT 0.3 " + bin +
-                                        "/tavix-pilot --folder " + pilot.study.folder + " --out " +
-                                        pilot.at("broken") + " " + command + "2>&1; echo status $?");
+    // Broken off as soon as its store is there.
+    const std::string broken =
+        outputOf(bin + "/tavix-pilot --folder " + pilot.study.folder + " --out " + pilot.at("broken") + " " +
+                 command + "2>&1 & until [ -e " + pilot.at("broken") +
+                 " ]; do sleep 0.01; done; sleep 0.05; kill -INT $!; wait $!; echo status $?");
     EXPECT_TRUE(tells(broken, "--resume goes on\nstatus 130")) << broken;
     EXPECT_TRUE(tells(pilot.run("broken", command + "--jobs 2 --resume"), "150 of 150"));
     EXPECT_EQ(pilot.results("broken"), pilot.results("whole"));
