@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QProgressBar>
 #include <QTabWidget>
 #include <QTreeWidget>
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
@@ -16,8 +18,8 @@
 
 namespace {
 
-constexpr qint64 still = 1500;     ///< milliseconds in which nothing has changed
-constexpr qint64 longest = 90000;  ///< milliseconds
+constexpr qint64 still = 1500;      ///< milliseconds in which nothing has changed
+constexpr qint64 longest = 300000;  ///< milliseconds
 
 QMainWindow* mainWindow() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -45,6 +47,11 @@ bool choose(const QMainWindow& main, const QString& entry, const QString& tab) {
     return false;
 }
 
+bool isAtWork(const QMainWindow& main) {
+    const QList<QProgressBar*> bars = main.findChildren<QProgressBar*>();
+    return onCopy::atWork() || std::ranges::any_of(bars, &QWidget::isVisible);
+}
+
 /// The window once it has come to rest; null if it does not.
 QImage atRest(QMainWindow& main) {
     QElapsedTimer all;
@@ -55,7 +62,7 @@ QImage atRest(QMainWindow& main) {
     while (all.elapsed() < longest) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
         const QImage now = main.grab().toImage();
-        if (onCopy::atWork() || now != shown) rest.restart();
+        if (isAtWork(main) || now != shown) rest.restart();
         if (rest.elapsed() > still) return now;
         shown = now;
     }

@@ -16,6 +16,7 @@ namespace notices {
 namespace {
 
 constexpr std::size_t mostLines = 10000;  // of a list
+constexpr int aroundText = 40;            // pixels of a button beside its text
 
 }  // namespace
 
@@ -57,14 +58,20 @@ int ask(const QString& sentence, const QString& detail, const QStringList& butto
     box.setInformativeText(detail);
     box.setTextFormat(Qt::PlainText);
     std::vector<QAbstractButton*> made;
-    for (const QString& text : buttons) made.push_back(box.addButton(text, QMessageBox::AcceptRole));
+    for (const QString& text : buttons) {
+        // The way out can be the first button too, and then there is one of it.
+        if (!made.empty() && text == buttons.front()) continue;
+        made.push_back(box.addButton(text, QMessageBox::AcceptRole));
+        made.back()->setMinimumWidth(made.back()->fontMetrics().horizontalAdvance(text) + aroundText);
+    }
     box.setDefaultButton(qobject_cast<QPushButton*>(made.front()));
-    box.setEscapeButton(made.back());
+    QAbstractButton* const out = buttons.back() == buttons.front() ? made.front() : made.back();
+    box.setEscapeButton(out);
     box.exec();
     for (std::size_t i = 0; i < made.size(); ++i) {
         if (box.clickedButton() == made[i]) return static_cast<int>(i);
     }
-    return static_cast<int>(made.size()) - 1;
+    return out == made.front() ? 0 : static_cast<int>(made.size()) - 1;
 }
 
 }  // namespace notices

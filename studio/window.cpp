@@ -291,13 +291,14 @@ void opened() {
     startPage::remember(QString::fromStdString(workspace::folder()));
     w.chosen = {};
     if (workspace::hasDraft()) {
-        const int pressed = notices::ask(
-            "Changes of this study were not saved when the window was last closed.",
-            "They can be taken up again, and saved or undone then.", {"Take them up", "Throw them away"});
-        if (pressed == 0)
-            workspace::takeDraft();
-        else
+        const int pressed =
+            notices::ask("Changes of this study were not saved when the window was last closed.",
+                         "They can be taken up again, and saved or undone then.",
+                         {"Take them up", "Throw them away", "Take them up"});
+        if (pressed == 1)
             workspace::dropDraft();
+        else
+            workspace::takeDraft();
     }
     refresh();
 }
@@ -310,9 +311,17 @@ void chooseStudy() {
 
 void makeStudy(bool ofSample) {
     if (!mayLeave()) return;
-    const QString folder =
-        QFileDialog::getSaveFileName(w.main, "Folder of the new study", QDir::homePath() + "/study", {},
-                                     nullptr, QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
+    QFileDialog place(w.main, "Folder of the new study", QDir::homePath());
+    place.setAcceptMode(QFileDialog::AcceptSave);
+    place.setOption(QFileDialog::ShowDirsOnly);
+    place.setOption(QFileDialog::DontConfirmOverwrite);
+    place.setLabelText(QFileDialog::FileName, "New folder:");
+    place.setLabelText(QFileDialog::FileType, "Shown:");
+    place.setLabelText(QFileDialog::Accept, "Make");
+    place.setNameFilter("Folders (*)");
+    place.selectFile("study");
+    if (place.exec() != QDialog::Accepted) return;
+    const QString folder = place.selectedFiles().value(0);
     if (folder.isEmpty()) return;
     const std::string problem = workspace::make(folder.toStdString(), ofSample);
     if (!problem.empty()) return notices::tell("The study was not made.", QString::fromStdString(problem));

@@ -4,10 +4,12 @@
 #include <filesystem>
 #include <thread>
 
+#include "platform/files.h"
 #include "platform/host.h"
 #include "platform/randomSource.h"
 #include "store/layer/dialect.h"
 #include "store/layer/openTable.h"
+#include "store/layer/schema.h"
 #include "tests/faults.h"
 #include "tests/temporaryStudy.h"
 
@@ -55,6 +57,17 @@ protected:
         return openTable("SubjectInfo", true, "New User Check").recordCount().toInt();
     }
 };
+
+TEST(Schema, SaysOfColumnsWhatTheDocumentsSay) {
+    const std::string page = files::read(TAVIX_TESTS "/../docs/experimenter.md");
+    for (const schema::Table& table : schema::tables()) {
+        for (const schema::Column& column : table.columns) {
+            if (table.kind != schema::Kind::Configuration) continue;
+            const std::string line = "| `" + std::string(column.name) + "` | " + std::string(column.meaning);
+            EXPECT_NE(page.find(line + " |"), std::string::npos) << table.name << ": " << line;
+        }
+    }
+}
 
 TEST(Dialect, TurnsTheModulesStatementsIntoTheEngines) {
     EXPECT_EQ(
