@@ -47,6 +47,11 @@ struct Stamp {
     friend bool operator==(const Stamp&, const Stamp&) = default;
 };
 
+struct Judged {
+    Stamp stamp;
+    bool whole;
+};
+
 /// Of an ordinary file; nothing where there is none.
 std::optional<Stamp> stampOf(const std::string& path) {
     std::error_code failed;
@@ -58,14 +63,15 @@ std::optional<Stamp> stampOf(const std::string& path) {
 
 void check(const std::string& path) {
     // The pictures come again with every round of the roster, and reading one takes milliseconds.
-    static std::unordered_map<std::string, Stamp> whole;
+    static std::unordered_map<std::string, Judged> known;
     const std::optional<Stamp> stamp = stampOf(path);
     std::unique_ptr<std::FILE, Closer> file;
     if (stamp) file.reset(std::fopen(path.c_str(), "rb"));
     if (!file) raiseFault(FaultNumber::FileNotFound, path);
-    if (const auto known = whole.find(path); known != whole.end() && known->second == *stamp) return;
-    if (!isWhole(file.get())) raiseFault(FaultNumber::InvalidPicture, path);
-    whole.insert_or_assign(path, *stamp);
+    const auto before = known.find(path);
+    if (before == known.end() || before->second.stamp != *stamp)
+        known.insert_or_assign(path, Judged{*stamp, isWhole(file.get())});
+    if (!known.at(path).whole) raiseFault(FaultNumber::InvalidPicture, path);
 }
 
 }  // namespace pictures

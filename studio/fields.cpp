@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "platform/numberText.h"
+#include "qt/eventHook.h"
 #include "store/layer/schema.h"
 #include "studio/workspace.h"
 
@@ -58,6 +60,19 @@ void describe(QWidget& widget, const Words& words) {
     widget.setToolTip(words.help);
 }
 
+/// Undo and redo are those of the study, also while a field has the focus; what the study could not take is
+/// the field's own.
+void undoInStudy(QWidget* line, const QWidget* marked) {
+    hookEvents(line, [marked](QEvent* event) {
+        if (event->type() != QEvent::ShortcutOverride || marked->property("problem").toBool()) return false;
+        const auto* const key = dynamic_cast<QKeyEvent*>(event);
+        if (key == nullptr || !(key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)))
+            return false;
+        event->ignore();
+        return true;
+    });
+}
+
 /// What stands in the widget may be on its way: a blank at the end, a sign that makes no number yet.
 bool isOnItsWay(const QWidget& widget, const QString& shown, const QString& wanted) {
     if (!widget.hasFocus()) return false;
@@ -65,6 +80,15 @@ bool isOnItsWay(const QWidget& widget, const QString& shown, const QString& want
 }
 
 }  // namespace
+
+void passWheelOn(QWidget* widget) {
+    widget->setFocusPolicy(Qt::StrongFocus);
+    hookEvents(widget, [](QEvent* event) {
+        if (event->type() != QEvent::Wheel) return false;
+        event->ignore();
+        return true;
+    });
+}
 
 void tellProblemsTo(std::function<void(const QString&)> told) { listener() = std::move(told); }
 void tellProblem(const QString& text) { listener()(text); }
@@ -98,8 +122,9 @@ Field line(const Where& where, const Words& words) {
     QObject::connect(edit, &QLineEdit::editingFinished, edit, [=] {
         markProblem(*edit, false);
         const std::optional<book::Place> place = where();
-        if (place) edit->setText(textAt(*place));
+        if (place && edit->text() != textAt(*place)) edit->setText(textAt(*place));
     });
+    undoInStudy(edit, edit);
     return {edit, where, refresh};
 }
 
@@ -124,6 +149,7 @@ Field slider(const Where& where, const Words& words, int least, int most) {
     auto* const bar = new QSlider(Qt::Horizontal);
     const Field number = line(where, words);
     bar->setRange(least, most);
+    passWheelOn(bar);
     describe(*bar, words);
     number.widget->setMaximumWidth(64);
     row->setContentsMargins(0, 0, 0, 0);
@@ -146,11 +172,19 @@ Field choice(const Where& where, const Words& words, const std::function<QString
     auto* const box = new QComboBox;
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);  // it would show more than the study has
+    passWheelOn(box);
+    undoInStudy(box->lineEdit(), box);
     describe(*box, words);
     QObject::connect(box, &QComboBox::textActivated, box,
                      [=](const QString& text) { put(*box, where, words, text); });
     QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box,
                      [=](const QString& text) { put(*box, where, words, text); });
+    QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, box, [=] {
+        if (!box->property("problem").toBool()) return;
+        markProblem(*box, false);
+        if (const std::optional<book::Place> place = where()) box->setEditText(textAt(*place));
+    });
     return {box, where, [=] {
                 const std::optional<book::Place> place = where();
                 box->setEnabled(place.has_value());
@@ -159,7 +193,7 @@ Field choice(const Where& where, const Words& words, const std::function<QString
                 QStringList shown;
                 for (int i = 0; i < box->count(); ++i) shown << box->itemText(i);
                 const QString text = place ? textAt(*place) : QString();
-                const bool onItsWay = isOnItsWay(*box->lineEdit(), box->currentText(), text);
+                const bool onItsWay = isOnItsWay(*box, box->currentText(), text);
                 const QString typed = box->currentText();
                 if (shown != wanted) {
                     box->clear();

@@ -35,6 +35,9 @@ Field slider(const Where& where, const Words& words, int least, int most);
 /// One of these texts, or another that is typed.
 Field choice(const Where& where, const Words& words, const std::function<QStringList()>& items);
 
+/// A wheel that passes over a field scrolls the page and does not change the study.
+void passWheelOn(QWidget* widget);
+
 /// Where the message of a field that cannot be taken is shown.
 void tellProblemsTo(std::function<void(const QString&)> told);
 void tellProblem(const QString& text);

@@ -1,10 +1,16 @@
 #include "studio/findingsPanel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <vector>
 
 #include "qt/look.h"
 #include "studio/workspace.h"
@@ -32,9 +38,11 @@ void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& f
     // Pressing changes the list, and with it the button: the change waits until the press is over.
     QObject::connect(
         press, &QPushButton::clicked, &list,
-        [remedy] {
-            workspace::edit(remedy->label, [&](book::Book& book) {
-                remedy->mend(book);
+        [finding] {
+            const std::optional<remedies::Remedy> now = remedies::of(workspace::book(), finding);
+            if (!now) return;
+            workspace::edit(now->label, [&](book::Book& book) {
+                now->mend(book);
                 return std::string();
             });
         },
@@ -42,8 +50,15 @@ void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& f
     list.setItemWidget(&item, 3, press);
 }
 
+QString counted(int count, const QString& what) {
+    return QString("%1 %2%3").arg(count).arg(what, count == 1 ? "" : "s");
+}
+
 void fill(QTreeWidget& list, QLabel& head) {
     const std::vector<check::Finding>& findings = workspace::findings();
+    const bool had = list.isAncestorOf(QApplication::focusWidget()) || list.hasFocus();
+    const int at = list.indexOfTopLevelItem(list.currentItem());
+    const int above = list.verticalScrollBar()->value();
     int errors = 0;
     int warnings = 0;
     list.clear();
@@ -58,11 +73,14 @@ void fill(QTreeWidget& list, QLabel& head) {
         if (finding.grade == check::Grade::Error) item->setForeground(0, look::colours().alarm);
         addRemedy(list, *item, finding);
     }
-    head.setText(findings.empty() ? "Nothing was found: the study can be played."
-                                  : QString("%1 errors, %2 warnings, %3 notes")
-                                        .arg(errors)
-                                        .arg(warnings)
-                                        .arg(static_cast<int>(findings.size()) - errors - warnings));
+    head.setText(findings.empty()
+                     ? "Nothing was found: the study can be played."
+                     : counted(errors, "error") + ", " + counted(warnings, "warning") + ", " +
+                           counted(static_cast<int>(findings.size()) - errors - warnings, "note"));
+    // The focus goes on from where it was, and not to whatever stands next in the window.
+    if (at >= 0) list.setCurrentItem(list.topLevelItem(std::min(at, list.topLevelItemCount() - 1)));
+    list.verticalScrollBar()->setValue(above);
+    if (had) list.setFocus();
 }
 
 }  // namespace
@@ -88,7 +106,12 @@ Panel make(const std::function<void(const check::Finding&)>& go) {
     };
     QObject::connect(list, &QTreeWidget::itemClicked, list, chosen);
     QObject::connect(list, &QTreeWidget::itemActivated, list, chosen);
-    return {whole, [=] { fill(*list, *head); }};
+    const auto shown = std::make_shared<std::optional<std::vector<check::Finding>>>();
+    return {whole, [=] {
+                if (*shown == workspace::findings()) return;
+                *shown = workspace::findings();
+                fill(*list, *head);
+            }};
 }
 
 }  // namespace findingsPanel

@@ -140,7 +140,7 @@ std::string paste(book::Book& book, const State& state, const Cells& cells, int 
     return {};
 }
 
-void pasteHere(const QTableWidget& table, const State& state) {
+void pasteHere(QTableWidget& table, const State& state) {
     const Cells cells = cellsOf(QApplication::clipboard()->text());
     if (cells.empty()) return;
     const int row = std::max(table.currentRow(), 0);
@@ -150,6 +150,12 @@ void pasteHere(const QTableWidget& table, const State& state) {
                         [&](book::Book& book) { return paste(book, state, cells, row, column); });
     fields::tellProblem(problem.empty() ? QString()
                                         : "Nothing was pasted: " + QString::fromStdString(problem));
+    if (!problem.empty()) return;
+    const auto longest = std::ranges::max_element(cells, {}, &QStringList::size);
+    table.clearSelection();
+    table.setRangeSelected({row, column, row + static_cast<int>(cells.size()) - 1,
+                            column + static_cast<int>(longest->size()) - 1},
+                           true);
 }
 
 void clear(const QTableWidget& table, const std::shared_ptr<State>& state) {
@@ -162,10 +168,10 @@ void clear(const QTableWidget& table, const std::shared_ptr<State>& state) {
     });
 }
 
-void addAction(QTableWidget& table, const QString& text, const QKeySequence& keys,
+void addAction(QTableWidget& table, const QString& text, const QList<QKeySequence>& keys,
                const std::function<void()>& act) {
     auto* const action = new QAction(text, &table);
-    action->setShortcut(keys);
+    action->setShortcuts(keys);
     action->setShortcutContext(Qt::WidgetShortcut);
     QObject::connect(action, &QAction::triggered, &table, act);
     table.addAction(action);
@@ -243,10 +249,21 @@ Grid make(const Wish& wish) {
     table->setTabKeyNavigation(false);
     table->horizontalHeader()->setHighlightSections(false);
     table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    addAction(*table, "Copy", QKeySequence::Copy,
-              [=] { QApplication::clipboard()->setText(textOf(selected(*table, *state))); });
-    addAction(*table, "Paste", QKeySequence::Paste, [=] { pasteHere(*table, *state); });
-    addAction(*table, "Clear", QKeySequence::Delete, [=] { clear(*table, state); });
+    const auto copy = [=] { QApplication::clipboard()->setText(textOf(selected(*table, *state))); };
+    addAction(*table, "Cut", {QKeySequence::Cut}, [=] {
+        copy();
+        clear(*table, state);
+    });
+    addAction(*table, "Copy", {QKeySequence::Copy}, copy);
+    addAction(*table, "Paste", {QKeySequence::Paste}, [=] { pasteHere(*table, *state); });
+    addAction(*table, "Clear", {QKeySequence::Delete, Qt::Key_Backspace}, [=] { clear(*table, state); });
+    // As in a spreadsheet, Enter takes the cell and goes down.
+    QObject::connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, table,
+                     [=](QWidget*, QAbstractItemDelegate::EndEditHint hint) {
+                         if (hint != QAbstractItemDelegate::SubmitModelCache) return;
+                         const int next = std::min(table->currentRow() + 1, table->rowCount() - 1);
+                         table->setCurrentCell(next, table->currentColumn());
+                     });
     QObject::connect(table, &QTableWidget::itemChanged, table,
                      [=](QTableWidgetItem* item) { typed(*table, *state, *item); });
     return {table, [=] { fill(*table, *state); },

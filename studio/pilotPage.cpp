@@ -13,6 +13,7 @@
 
 #include "pilot/policies.h"
 #include "pilot/prospects.h"
+#include "studio/fields.h"
 #include "studio/pilotPlots.h"
 #include "studio/pilotRuns.h"
 #include "studio/pilotTable.h"
@@ -150,6 +151,7 @@ QSpinBox* number(QHBoxLayout* row, const QString& caption, int usual, int most, 
     box->setValue(usual);
     box->setSingleStep(step);
     box->setKeyboardTracking(false);
+    fields::passWheelOn(box);
     box->setAccessibleName(caption);
     label->setBuddy(box);
     row->addWidget(label);

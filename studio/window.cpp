@@ -1,19 +1,25 @@
 #include "studio/window.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "qt/eventHook.h"
 #include "store/layer/schema.h"
@@ -62,6 +68,8 @@ struct Window {
     findingsPanel::Panel findings;
     std::vector<std::pair<Kind, Page>> pages;
     Chosen chosen;
+    std::vector<std::string> scenarios;  ///< as the tree lists them
+    std::vector<std::string> lists;      ///< of lengths of tests
 };
 
 Window w;
@@ -79,14 +87,17 @@ void showChosen() {
     page.refresh();
 }
 
-QTreeWidgetItem* entry(QTreeWidgetItem* parent, const QString& text, const Chosen& chosen) {
+void entry(QTreeWidgetItem* parent, const QString& text, const Chosen& chosen) {
     auto* const item =
         parent == nullptr ? new QTreeWidgetItem(w.tree, {text}) : new QTreeWidgetItem(parent, {text});
     item->setData(0, Qt::UserRole, static_cast<int>(chosen.kind));
     item->setData(0, Qt::UserRole + 1, QString::fromStdString(chosen.name));
-    if (chosen.kind == w.chosen.kind && check::sameName(chosen.name, w.chosen.name))
-        w.tree->setCurrentItem(item);
-    return item;
+}
+
+std::optional<Chosen> chosenAt(const QTreeWidgetItem* item) {
+    if (item == nullptr || !item->data(0, Qt::UserRole).isValid()) return {};
+    return Chosen{static_cast<Kind>(item->data(0, Qt::UserRole).toInt()),
+                  item->data(0, Qt::UserRole + 1).toString().toStdString()};
 }
 
 QTreeWidgetItem* heading(const QString& text) {
@@ -95,25 +106,41 @@ QTreeWidgetItem* heading(const QString& text) {
     return item;
 }
 
+void markChosen() {
+    for (QTreeWidgetItemIterator item(w.tree); *item != nullptr; ++item) {
+        const std::optional<Chosen> its = chosenAt(*item);
+        if (!its || its->kind != w.chosen.kind || !check::sameName(its->name, w.chosen.name)) continue;
+        if (*item != w.tree->currentItem()) w.tree->setCurrentItem(*item);
+        return;
+    }
+}
+
+/// What has not changed stays, with what is folded up and how far it is scrolled.
 void fillTree() {
     const QSignalBlocker quiet(w.tree);
+    if (!workspace::isOpen()) return w.tree->clear();
+    const std::vector<std::string> names = bookScenarios::namesOf(workspace::book());
+    const std::vector<std::string> lists = bookScenarios::testLists(workspace::book());
+    if (w.tree->topLevelItemCount() > 0 && names == w.scenarios && lists == w.lists) return markChosen();
+    w.scenarios = names;
+    w.lists = lists;
     w.tree->clear();
-    if (!workspace::isOpen()) return;
     QTreeWidgetItem* const scenarios = heading("Scenarios");
-    for (const std::string& name : bookScenarios::namesOf(workspace::book()))
+    for (const std::string& name : names)
         entry(scenarios, QString::fromStdString(name), {Kind::Scenario, name});
     entry(nullptr, "Patients", {Kind::Patients});
     entry(nullptr, "Words", {Kind::Words});
     QTreeWidgetItem* const tests = heading("Lengths of tests");
-    for (const std::string& list : bookScenarios::testLists(workspace::book()))
-        entry(tests, QString::fromStdString(list), {Kind::Tests, list});
+    for (const std::string& list : lists) entry(tests, QString::fromStdString(list), {Kind::Tests, list});
     entry(nullptr, "Results", {Kind::Results});
     if (w.chosen.kind == Kind::Table)
         entry(nullptr, "Table " + QString::fromStdString(w.chosen.name), w.chosen);
     w.tree->expandAll();
+    markChosen();
 }
 
-/// A scenario or list that is gone gives way to the first there is.
+/// A scenario or list that is gone gives way to what stands in its place now: the same one, where only its
+/// name was changed by an undo.
 void mendChoice() {
     if (!workspace::isOpen()) return;
     const auto has = [](const std::vector<std::string>& names) {
@@ -125,7 +152,16 @@ void mendChoice() {
                       (w.chosen.kind == Kind::Tests && !has(bookScenarios::testLists(workspace::book()))) ||
                       w.chosen.kind == Kind::Start;
     if (!lost) return;
-    w.chosen = scenarios.empty() ? Chosen{Kind::Words} : Chosen{Kind::Scenario, scenarios.front()};
+    const bool isList = w.chosen.kind == Kind::Tests;
+    const std::vector<std::string>& before = isList ? w.lists : w.scenarios;
+    const std::vector<std::string> now = isList ? bookScenarios::testLists(workspace::book()) : scenarios;
+    const auto was = std::ranges::find_if(
+        before, [](const std::string& name) { return check::sameName(name, w.chosen.name); });
+    const auto at = was == before.end() ? 0 : static_cast<std::size_t>(was - before.begin());
+    if (!now.empty())
+        w.chosen = {isList ? Kind::Tests : Kind::Scenario, now[std::min(at, now.size() - 1)]};
+    else
+        w.chosen = {Kind::Words};
 }
 
 void refresh() {
@@ -141,7 +177,7 @@ void refresh() {
     w.redo->setText(label("Redo", history.future));
     w.redo->setEnabled(!history.future.empty());
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
-    w.save->setEnabled(changed);
+    w.save->setEnabled(workspace::isOpen());  // what is being typed into a cell is no change yet
     w.play->setEnabled(workspace::isOpen());
     w.session->setEnabled(workspace::isOpen());
     for (QAction* each : w.tables) each->setEnabled(workspace::isOpen());
@@ -195,6 +231,20 @@ void go(const check::Finding& finding) {
     fields::tellProblem(QString::fromStdString(told));
 }
 
+/// Takes in what is typed into a cell or field at this moment, which a key of the menu would pass by.
+void settle() {
+    const QPointer<QWidget> typing = QApplication::focusWidget();
+    if (!typing) return;
+    QWidget* cells = typing->parentWidget();
+    while (cells != nullptr && qobject_cast<QAbstractItemView*>(cells) == nullptr)
+        cells = cells->parentWidget();
+    typing->clearFocus();
+    if (cells != nullptr)
+        cells->setFocus();
+    else if (typing)
+        typing->setFocus();
+}
+
 QString listOf(const std::vector<std::string>& lines) {
     QStringList all;
     for (const std::string& line : lines) all << QString::fromStdString(line);
@@ -203,6 +253,10 @@ QString listOf(const std::vector<std::string>& lines) {
 
 /// False if the study is not saved after all.
 bool save() {
+    if (!bookHistory::isChanged(workspace::history())) {
+        w.main->statusBar()->showMessage("Nothing has changed since the study was last saved.", 5000);
+        return true;
+    }
     updateStore::Outcome outcome = workspace::save(false);
     if (!outcome.problems.empty() && outcome.inUse) {
         const int pressed = notices::ask(
@@ -272,6 +326,7 @@ void tablesIn() {
 
 /// Whether what is open may be left; asks if it is not saved, or something is made of it.
 bool mayLeave() {
+    settle();
     if (!handOver::atWork().isEmpty()) {
         const int pressed = notices::ask(handOver::atWork() + " goes on.",
                                          "Nothing is left of it if it is stopped.", {"Stop it", "Go back"});
@@ -301,12 +356,14 @@ void opened() {
             workspace::takeDraft();
     }
     refresh();
+    w.tree->setFocus();
 }
 
 void chooseStudy() {
     if (!mayLeave()) return;
     const QString folder = QFileDialog::getExistingDirectory(w.main, "Open a study");
-    if (!folder.isEmpty()) open(folder.toStdString());
+    if (!folder.isEmpty()) return open(folder.toStdString());
+    w.draftTimer->start();  // nothing was left after all
 }
 
 void makeStudy(bool ofSample) {
@@ -320,6 +377,7 @@ void makeStudy(bool ofSample) {
     place.setLabelText(QFileDialog::Accept, "Make");
     place.setNameFilter("Folders (*)");
     place.selectFile("study");
+    if (workspace::isOpen()) w.draftTimer->start();  // for a study that stays open after all
     if (place.exec() != QDialog::Accepted) return;
     const QString folder = place.selectedFiles().value(0);
     if (folder.isEmpty()) return;
@@ -342,7 +400,10 @@ template <class Handler>
 QAction* action(QMenu* menu, const QString& text, const QKeySequence& keys, Handler handler) {
     auto* const made = new QAction(text, w.main);
     made->setShortcut(keys);
-    QObject::connect(made, &QAction::triggered, w.main, safely([handler](bool) { handler(); }));
+    QObject::connect(made, &QAction::triggered, w.main, safely([handler](bool) {
+                         settle();
+                         handler();
+                     }));
     menu->addAction(made);
     return made;
 }
@@ -361,6 +422,7 @@ void buildMenus() {
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
     w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
     w.redo = action(edit, "Redo", QKeySequence::Redo, workspace::redo);
+    w.redo->setShortcuts({QKeySequence::Redo, QKeySequence(Qt::CTRL | Qt::Key_Y)});
     edit->addSeparator();
     action(edit, "Add a scenario", {}, [] {
         if (workspace::isOpen()) addScenario();
@@ -415,7 +477,10 @@ void buildFrame() {
 
 void open(const std::string& folder) {
     const std::string problem = workspace::open(folder);
-    if (!problem.empty()) return notices::tell("The study was not opened.", QString::fromStdString(problem));
+    if (!problem.empty()) {
+        w.draftTimer->start();  // the study before stays open
+        return notices::tell("The study was not opened.", QString::fromStdString(problem));
+    }
     opened();
 }
 
@@ -440,9 +505,10 @@ void show() {
     buildFrame();
     QObject::connect(w.tree, &QTreeWidget::currentItemChanged, w.main,
                      safely([](QTreeWidgetItem* item, QTreeWidgetItem*) {
-                         if (item == nullptr || !item->data(0, Qt::UserRole).isValid()) return;
-                         w.chosen = {static_cast<Kind>(item->data(0, Qt::UserRole).toInt()),
-                                     item->data(0, Qt::UserRole + 1).toString().toStdString()};
+                         const std::optional<Chosen> chosen = chosenAt(item);
+                         if (!chosen) return;
+                         w.chosen = *chosen;
+                         fields::tellProblem({});
                          showChosen();
                      }));
     hookEvents(w.main, [](QEvent* event) {

@@ -17,6 +17,8 @@ struct Finding {
     int row;             ///< from 1, as the table delivers its rows; 0 where it belongs to no row
     std::string column;  ///< empty where it belongs to no column
     std::string text;    ///< what is wrong, and what it does to a session
+
+    bool operator==(const Finding&) const = default;
 };
 
 }  // namespace check
