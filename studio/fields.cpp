@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "platform/numberText.h"
+#include "qt/eventHook.h"
 #include "store/layer/schema.h"
 #include "studio/workspace.h"
 
@@ -69,6 +71,16 @@ bool isOnItsWay(const QWidget& widget, const QString& shown, const QString& want
 void tellProblemsTo(std::function<void(const QString&)> told) { listener() = std::move(told); }
 void tellProblem(const QString& text) { listener()(text); }
 
+void leaveUndoToStudy(QWidget& editor) {
+    hookEvents(&editor, [](QEvent* event) {
+        if (event->type() != QEvent::ShortcutOverride) return false;
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) return false;
+        event->ignore();
+        return true;
+    });
+}
+
 Words wordsOf(const std::string& table, const std::string& column, const QString& caption) {
     QString name = caption;
     if (name.endsWith(':')) name.chop(1);
@@ -84,6 +96,7 @@ Words wordsOf(const std::string& table, const std::string& column, const QString
 Field line(const Where& where, const Words& words) {
     auto* const edit = new QLineEdit;
     describe(*edit, words);
+    leaveUndoToStudy(*edit);
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [=](const QString& text) { put(*edit, where, words, text); });
     const auto refresh = [=] {
@@ -124,6 +137,7 @@ Field slider(const Where& where, const Words& words, int least, int most) {
     auto* const bar = new QSlider(Qt::Horizontal);
     const Field number = line(where, words);
     bar->setRange(least, most);
+    bar->setFocusPolicy(Qt::ClickFocus);  // the Tab key goes to the line beside it
     describe(*bar, words);
     number.widget->setMaximumWidth(64);
     row->setContentsMargins(0, 0, 0, 0);
@@ -146,6 +160,7 @@ Field choice(const Where& where, const Words& words, const std::function<QString
     auto* const box = new QComboBox;
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
+    leaveUndoToStudy(*box->lineEdit());
     describe(*box, words);
     QObject::connect(box, &QComboBox::textActivated, box,
                      [=](const QString& text) { put(*box, where, words, text); });

@@ -35,6 +35,9 @@ Field slider(const Where& where, const Words& words, int least, int most);
 /// One of these texts, or another that is typed.
 Field choice(const Where& where, const Words& words, const std::function<QStringList()>& items);
 
+/// "Undo" and "Redo" are those of the study, not some of the editor's own.
+void leaveUndoToStudy(QWidget& editor);
+
 /// Where the message of a field that cannot be taken is shown.
 void tellProblemsTo(std::function<void(const QString&)> told);
 void tellProblem(const QString& text);

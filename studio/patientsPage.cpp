@@ -198,6 +198,7 @@ Page make() {
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     whole->addWidget(rosterList::make(*list, [name = cells.front().field.widget] {
         name->setFocus();
         qobject_cast<QLineEdit*>(name)->selectAll();

@@ -267,20 +267,24 @@ void opened() {
     refresh();
 }
 
+/// What was open stays so, with the draft that was dropped to leave it.
+void stay(const QString& sentence, const std::string& problem) {
+    w.draftTimer->start();
+    notices::tell(sentence, QString::fromStdString(problem));
+}
+
 void chooseStudy() {
-    if (!mayLeave()) return;
     const QString folder = QFileDialog::getExistingDirectory(w.main, "Open a study");
-    if (!folder.isEmpty()) open(folder.toStdString());
+    if (!folder.isEmpty() && mayLeave()) open(folder.toStdString());
 }
 
 void makeStudy(bool ofSample) {
-    if (!mayLeave()) return;
     const QString folder =
         QFileDialog::getSaveFileName(w.main, "Folder of the new study", QDir::homePath() + "/study", {},
                                      nullptr, QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
-    if (folder.isEmpty()) return;
+    if (folder.isEmpty() || !mayLeave()) return;
     const std::string problem = workspace::make(folder.toStdString(), ofSample);
-    if (!problem.empty()) return notices::tell("The study was not made.", QString::fromStdString(problem));
+    if (!problem.empty()) return stay("The study was not made.", problem);
     opened();
 }
 
@@ -369,7 +373,7 @@ void buildFrame() {
 
 void open(const std::string& folder) {
     const std::string problem = workspace::open(folder);
-    if (!problem.empty()) return notices::tell("The study was not opened.", QString::fromStdString(problem));
+    if (!problem.empty()) return stay("The study was not opened.", problem);
     opened();
 }
 
