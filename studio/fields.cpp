@@ -60,19 +60,6 @@ void describe(QWidget& widget, const Words& words) {
     widget.setToolTip(words.help);
 }
 
-/// Undo and redo are those of the study, also while a field has the focus; what the study could not take is
-/// the field's own.
-void undoInStudy(QWidget* line, const QWidget* marked) {
-    hookEvents(line, [marked](QEvent* event) {
-        if (event->type() != QEvent::ShortcutOverride || marked->property("problem").toBool()) return false;
-        const auto* const key = dynamic_cast<QKeyEvent*>(event);
-        if (key == nullptr || !(key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)))
-            return false;
-        event->ignore();
-        return true;
-    });
-}
-
 /// What stands in the widget may be on its way: a blank at the end, a sign that makes no number yet.
 bool isOnItsWay(const QWidget& widget, const QString& shown, const QString& wanted) {
     if (!widget.hasFocus()) return false;
@@ -93,6 +80,21 @@ void passWheelOn(QWidget* widget) {
 void tellProblemsTo(std::function<void(const QString&)> told) { listener() = std::move(told); }
 void tellProblem(const QString& text) { listener()(text); }
 
+void leaveUndoToStudy(QWidget& editor) {
+    hookEvents(&editor, [&editor](QEvent* event) {
+        if (event->type() != QEvent::ShortcutOverride) return false;
+        // A text that could not be taken is the editor's own matter.
+        const QWidget* const around = editor.parentWidget();
+        if (editor.property("problem").toBool() ||
+            (around != nullptr && around->property("problem").toBool()))
+            return false;
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) return false;
+        event->ignore();
+        return true;
+    });
+}
+
 Words wordsOf(const std::string& table, const std::string& column, const QString& caption) {
     QString name = caption;
     if (name.endsWith(':')) name.chop(1);
@@ -108,6 +110,7 @@ Words wordsOf(const std::string& table, const std::string& column, const QString
 Field line(const Where& where, const Words& words) {
     auto* const edit = new QLineEdit;
     describe(*edit, words);
+    leaveUndoToStudy(*edit);
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [=](const QString& text) { put(*edit, where, words, text); });
     const auto refresh = [=] {
@@ -124,7 +127,6 @@ Field line(const Where& where, const Words& words) {
         const std::optional<book::Place> place = where();
         if (place && edit->text() != textAt(*place)) edit->setText(textAt(*place));
     });
-    undoInStudy(edit, edit);
     return {edit, where, refresh};
 }
 
@@ -150,6 +152,7 @@ Field slider(const Where& where, const Words& words, int least, int most) {
     const Field number = line(where, words);
     bar->setRange(least, most);
     passWheelOn(bar);
+    bar->setFocusPolicy(Qt::ClickFocus);  // the Tab key goes to the line beside it
     describe(*bar, words);
     number.widget->setMaximumWidth(64);
     row->setContentsMargins(0, 0, 0, 0);
@@ -174,7 +177,7 @@ Field choice(const Where& where, const Words& words, const std::function<QString
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);  // it would show more than the study has
     passWheelOn(box);
-    undoInStudy(box->lineEdit(), box);
+    leaveUndoToStudy(*box->lineEdit());
     describe(*box, words);
     QObject::connect(box, &QComboBox::textActivated, box,
                      [=](const QString& text) { put(*box, where, words, text); });

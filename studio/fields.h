@@ -38,6 +38,9 @@ Field choice(const Where& where, const Words& words, const std::function<QString
 /// A wheel that passes over a field scrolls the page and does not change the study.
 void passWheelOn(QWidget* widget);
 
+/// "Undo" and "Redo" are those of the study, not some of the editor's own.
+void leaveUndoToStudy(QWidget& editor);
+
 /// Where the message of a field that cannot be taken is shown.
 void tellProblemsTo(std::function<void(const QString&)> told);
 void tellProblem(const QString& text);

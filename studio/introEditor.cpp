@@ -1,6 +1,5 @@
 #include "studio/introEditor.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -10,7 +9,6 @@
 
 #include "platform/files.h"
 #include "platform/text.h"
-#include "qt/eventHook.h"
 #include "qt/look.h"
 #include "studio/fields.h"
 #include "studio/safely.h"
@@ -185,15 +183,6 @@ void write(State& state, const QString& text, const std::string& what, const std
 /// The text with its line ends; other blanks than the plain one stay what they are.
 QString typed(const QPlainTextEdit& edit) { return linesOf(edit.document()->toRawText()); }
 
-/// "Undo" is that of the study, not one of the editor's own.
-bool leavesKey(QEvent* event) {
-    if (event->type() != QEvent::ShortcutOverride) return false;
-    const auto* const key = static_cast<QKeyEvent*>(event);
-    if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) return false;
-    event->ignore();
-    return true;
-}
-
 }  // namespace
 
 Editor make(const std::function<std::optional<int>()>& person) {
@@ -223,7 +212,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
     column->addWidget(state->mend, 0, Qt::AlignLeft);
     column->addWidget(state->file);
     column->addWidget(state->own, 0, Qt::AlignLeft);
-    hookEvents(state->edit, leavesKey);
+    fields::leaveUndoToStudy(*state->edit);
     QObject::connect(state->edit, &QPlainTextEdit::textChanged, state->edit, [state] {
         if (state->changing) return;
         const std::string key = std::string(table) + "/" + std::to_string(state->person().value_or(-1));

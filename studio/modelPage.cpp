@@ -218,6 +218,7 @@ Page make(const Scenario& scenario) {
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     const auto refresh = [=] {
         for (const grid::Grid& each : {rates, symptoms, treatments}) {
             each.refresh();

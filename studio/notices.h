@@ -14,8 +14,8 @@ void tell(const QString& sentence, const QString& detail = {});
 /// A sentence with lines that can be scrolled and copied.
 void list(const QString& sentence, const std::vector<std::string>& lines);
 
-/// The place of the button that was pressed; the last one is also the way out by Escape, and stands there once
-/// if it has the words of the first.
+/// The place of the button that was pressed; the last one is also the way out by Escape, and stands there
+/// once if it has the words of the first.
 int ask(const QString& sentence, const QString& detail, const QStringList& buttons);
 
 }  // namespace notices

@@ -184,6 +184,7 @@ Page make(const std::function<std::string()>& scenario) {
     area->setWidget(inside);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     const auto refresh = [=] {
         for (const auto& [column, field] : building->fields) field.refresh();
         clock.show(scenario());

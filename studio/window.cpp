@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -359,15 +360,18 @@ void opened() {
     w.tree->setFocus();
 }
 
+/// What was open stays so, with the draft that was dropped to leave it.
+void stay(const QString& sentence, const std::string& problem) {
+    w.draftTimer->start();
+    notices::tell(sentence, QString::fromStdString(problem));
+}
+
 void chooseStudy() {
-    if (!mayLeave()) return;
     const QString folder = QFileDialog::getExistingDirectory(w.main, "Open a study");
-    if (!folder.isEmpty()) return open(folder.toStdString());
-    w.draftTimer->start();  // nothing was left after all
+    if (!folder.isEmpty() && mayLeave()) open(folder.toStdString());
 }
 
 void makeStudy(bool ofSample) {
-    if (!mayLeave()) return;
     QFileDialog place(w.main, "Folder of the new study", QDir::homePath());
     place.setAcceptMode(QFileDialog::AcceptSave);
     place.setOption(QFileDialog::ShowDirsOnly);
@@ -377,12 +381,11 @@ void makeStudy(bool ofSample) {
     place.setLabelText(QFileDialog::Accept, "Make");
     place.setNameFilter("Folders (*)");
     place.selectFile("study");
-    if (workspace::isOpen()) w.draftTimer->start();  // for a study that stays open after all
     if (place.exec() != QDialog::Accepted) return;
     const QString folder = place.selectedFiles().value(0);
-    if (folder.isEmpty()) return;
+    if (folder.isEmpty() || !mayLeave()) return;
     const std::string problem = workspace::make(folder.toStdString(), ofSample);
-    if (!problem.empty()) return notices::tell("The study was not made.", QString::fromStdString(problem));
+    if (!problem.empty()) return stay("The study was not made.", problem);
     opened();
 }
 
@@ -470,17 +473,14 @@ void buildFrame() {
     w.problem->setProperty("role", "error");
     w.main->statusBar()->addWidget(w.problem, 1);
     w.main->setCentralWidget(down);
-    w.main->resize(1280, 860);
+    w.main->resize(QSize(1280, 860).boundedTo(w.main->screen()->availableSize() * 0.95));
 }
 
 }  // namespace
 
 void open(const std::string& folder) {
     const std::string problem = workspace::open(folder);
-    if (!problem.empty()) {
-        w.draftTimer->start();  // the study before stays open
-        return notices::tell("The study was not opened.", QString::fromStdString(problem));
-    }
+    if (!problem.empty()) return stay("The study was not opened.", problem);
     opened();
 }
 
