@@ -126,6 +126,8 @@ std::string paste(book::Book& book, const State& state, const Cells& cells, int 
     for (const QStringList& line : cells) count += static_cast<std::size_t>(line.size());
     if (count > mostPasted)
         return fmt::format("{} cells are too many for one paste; {} are the most", count, mostPasted);
+    if (cells.size() > mostRows)
+        return fmt::format("more than {} rows are too many for a table of a study", mostRows);
     const std::size_t wanted = static_cast<std::size_t>(row) + cells.size();
     for (std::size_t have = state.view.places.size(); have < wanted; ++have) {
         if (!state.wish.addRow || !state.wish.addRow(book))
@@ -218,7 +220,7 @@ Cells cellsOf(const QString& text) {
         cells.push_back(line);
         line.clear();
     };
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    for (qsizetype i = 0; i < text.size() && cells.size() <= mostRows; ++i) {
         const QChar c = text[i];
         if (quoted) {
             if (c != '"')

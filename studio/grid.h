@@ -51,9 +51,11 @@ void fit(QTableWidget& table);
 
 /// Cells as a spreadsheet puts them on the clipboard: tabs and line ends, quotes around what holds them.
 QString textOf(const std::vector<QStringList>& cells);
+/// Nothing behind more rows than can be pasted is read.
 std::vector<QStringList> cellsOf(const QString& text);
 
-/// Most cells of one paste.
+/// Most cells and rows of one paste: no table of a study has as many.
 inline constexpr int mostPasted = 20000;
+inline constexpr int mostRows = 1000;
 
 }  // namespace grid

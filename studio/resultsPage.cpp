@@ -49,6 +49,7 @@ struct View {
     QLabel* problem;
     Table subjects, patients, scenarios, tables;
     QTimer* timer;
+    QString wanted = {};  ///< the subject to be chosen when there are rows
     bool looking = false;
     Look shown = {};  ///< without the rows
 };
@@ -149,6 +150,8 @@ void take(const Shared& view, Look& look, const std::string& problem) {
         return;
     }
     if (look.status) showStatus(*view, *look.status);
+    if (!view->wanted.isEmpty() && view->subjects.choose(view->wanted)) view->subjects.view->setFocus();
+    view->wanted.clear();
     showPatients(*view, look);
     view->shown = {look.store, look.changed, look.subject};
     if (view->subjects.chosen().toString().toStdString() != look.subject) lookAgain(view);
@@ -226,9 +229,12 @@ Page make() {
     searchTable::whenChosen(view->subjects, [view] { lookAgain(view); });
     view->timer->start(rest);
     const auto show = [view](const check::Finding& finding) {
-        if (!finding.table.starts_with("Subject")) return false;
+        if (!finding.table.starts_with("Subject") || finding.row == 0) return false;
         const book::Sheet& sheet = book::sheetOf(workspace::book(), finding.table);
-        return view->subjects.choose(textOf(sheet.text(finding.row - 1, "Subject")));
+        view->wanted = textOf(sheet.text(finding.row - 1, "Subject"));
+        view->subjects.view->setFocus();
+        if (view->subjects.choose(view->wanted)) view->wanted.clear();
+        return true;
     };
     return {whole, [view] { lookAgain(view); }, show};
 }

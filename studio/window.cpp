@@ -189,7 +189,8 @@ void refresh() {
     w.findings.refresh();
     w.findings.widget->setVisible(workspace::isOpen());
     w.tree->setVisible(workspace::isOpen());
-    w.draftTimer->start();
+    // Not begun anew with each key, or whoever types on would have no draft.
+    if (!w.draftTimer->isActive()) w.draftTimer->start();
     showChosen();
 }
 
@@ -252,6 +253,16 @@ QString listOf(const std::vector<std::string>& lines) {
     return all.join('\n');
 }
 
+/// No box tells of a failure: it would come back with each change.
+void keepDraft() {
+    try {
+        workspace::keepDraft();
+    } catch (const std::exception& error) {
+        fields::tellProblem(QString("What is not saved would be lost if the program ended now: %1")
+                                .arg(QString::fromStdString(error.what())));
+    }
+}
+
 /// False if the study is not saved after all.
 bool save() {
     if (!bookHistory::isChanged(workspace::history())) {
@@ -269,10 +280,13 @@ bool save() {
         outcome = workspace::save(true);
     }
     if (!outcome.problems.empty()) {
-        notices::tell("Nothing was saved.", listOf(outcome.problems));
+        notices::tell("Nothing was saved.",
+                      listOf(outcome.problems) +
+                          "\n\nThe changes stay here and are kept as a draft. \"Tables as CSV…\" in the menu "
+                          "writes them elsewhere, from where they can be taken into another study.");
         return false;
     }
-    workspace::keepDraft();
+    keepDraft();
     QString text = "Saved.";
     if (!outcome.misfits.empty())
         notices::tell("Saved. The words that these subjects were dealt no longer fit:",
@@ -498,7 +512,7 @@ void show() {
         w.problem->setText(text);
         if (!text.isEmpty()) w.main->statusBar()->clearMessage();
     });
-    QObject::connect(w.draftTimer, &QTimer::timeout, w.main, safely([] { workspace::keepDraft(); }));
+    QObject::connect(w.draftTimer, &QTimer::timeout, w.main, [] { keepDraft(); });
     play::tellTo([](const QString& text) { w.main->statusBar()->showMessage(text, 20000); });
     buildMenus();
     buildPages();

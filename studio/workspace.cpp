@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 
 #include "platform/companion.h"
 #include "platform/files.h"
@@ -30,6 +32,8 @@ struct State {
     std::string folder;
     bookHistory::History history;
     std::vector<check::Finding> findings;
+    /// What was not saved when the program ended; its place stays as it is until it is taken up or dropped.
+    std::optional<bookDraft::Draft> draft = {};
 };
 
 constexpr std::chrono::seconds patience{2};               // for what reads the results
@@ -51,17 +55,19 @@ void tell() {
     for (const auto& heard : listeners) heard();
 }
 
-void start(const std::string& folder, book::Book opened) {
-    state.folder = folder;
-    state.history = bookHistory::begin(std::move(opened));
-    bookDraft::tidy(draftFolder());
-    tell();
-}
-
 std::optional<bookDraft::Draft> draftOfThis() {
     std::optional<bookDraft::Draft> draft = bookDraft::find(draftFolder());
     if (draft && draft->study != store()) draft.reset();
     return draft;
+}
+
+void start(const std::string& folder, book::Book opened) {
+    state.folder = folder;
+    state.history = bookHistory::begin(std::move(opened));
+    state.draft = draftOfThis();
+    if (state.draft && book::same(state.draft->now, state.history.now)) state.draft.reset();
+    bookDraft::tidy(draftFolder());
+    tell();
 }
 
 using Files = std::map<std::string, std::string>;
@@ -110,7 +116,10 @@ std::string open(const std::string& place) {
     if (fs::is_regular_file(folder, failed)) folder = fs::path(check::folderOf(folder.string()));
     if (folder.filename().empty() && folder.has_parent_path()) folder = folder.parent_path();
     if (folder.empty()) return fmt::format("{} does not stand in the folder \"data\" of a study.", place);
-    if (!fs::is_regular_file(storeIn(folder.string()), failed))
+    const bool there = fs::is_regular_file(storeIn(folder.string()), failed);
+    if (failed && failed != std::errc::no_such_file_or_directory && failed != std::errc::not_a_directory)
+        return fmt::format("{}: {}", storeIn(folder.string()), failed.message());
+    if (!there)
         return fmt::format("{} holds no study: there is no file data/TavixData.mdb in it.", folder.string());
     try {
         const auto opened = std::make_shared<book::Book>();
@@ -156,20 +165,20 @@ std::string make(const std::string& folder, bool ofSample) {
     return open(place.string());
 }
 
-bool hasDraft() {
-    const std::optional<bookDraft::Draft> draft = draftOfThis();
-    return draft && !book::same(draft->now, state.history.now);
-}
+bool hasDraft() { return state.draft.has_value(); }
 
 void takeDraft() {
-    if (std::optional<bookDraft::Draft> draft = draftOfThis()) {
-        state.history.saved = std::move(draft->opened);
-        bookHistory::take(state.history, std::move(draft->now), "What was not saved");
-        tell();
-    }
+    if (!state.draft) return;
+    bookDraft::Draft draft = *std::exchange(state.draft, {});
+    state.history.saved = std::move(draft.opened);
+    bookHistory::take(state.history, std::move(draft.now), "What was not saved");
+    tell();
 }
 
-void dropDraft() { bookDraft::forget(draftFolder()); }
+void dropDraft() {
+    state.draft.reset();
+    bookDraft::forget(draftFolder());
+}
 
 const book::Book& book() { return state.history.now; }
 const bookHistory::History& history() { return state.history; }
@@ -192,12 +201,15 @@ void redo() {
 }
 
 void keepDraft() {
-    if (!isOpen()) return;
+    if (!isOpen() || state.draft) return;
     if (!bookHistory::isChanged(state.history)) return dropDraft();
     bookDraft::keep(draftFolder(), {store(), state.history.saved, state.history.now});
 }
 
 updateStore::Outcome save(bool closed) {
+    std::error_code failed;
+    if (!fs::exists(store(), failed))
+        return {{fmt::format("{} is no longer there.", store())}, false, {}, {}, {}};
     const Files replaced = putReplacedAside();
     const auto turn = background::turn(patience);
     if (!turn) return {{"The results are being read just now. Save in a moment."}, false, {}, {}, {}};

@@ -13,6 +13,8 @@ namespace bookTables {
 
 namespace {
 
+constexpr std::size_t mostRows = 10000;
+
 bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
 
 /// The columns that a study has; the names of the others go into `others`.
@@ -68,6 +70,11 @@ writeTables::Outcome write(const book::Book& book, const std::string& folder, bo
 Taken take(book::Book& book, const std::string& folder) {
     const readTables::Tables files = updateStore::filesOf(folder);
     Taken taken{files.problems, files.notes};
+    for (const auto& [name, content] : files.contents) {
+        if (content.rows.size() > mostRows)
+            taken.problems.push_back(fmt::format("{}.csv: {} rows; {} are the most for a table of a study",
+                                                 name, content.rows.size(), mostRows));
+    }
     if (!taken.problems.empty()) return taken;
     for (const auto& [name, content] : files.contents) {
         const book::Sheet& sheet = book::sheetOf(book, name);

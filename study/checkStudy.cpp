@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/numberText.h"
@@ -207,9 +208,13 @@ Sheets sheetsOf(const std::string& file) {
         // Of the results only the subjects matter; the others can be large.
         const bool whole = table.kind == schema::Kind::Configuration || table.name.starts_with("Subject");
         const char* rows = whole ? "" : " LIMIT 0";
-        if (sheet.there)
-            sheet.content =
-                readStore::select(*database, fmt::format("SELECT * FROM [{}]{}", table.name, rows));
+        try {
+            if (sheet.there)
+                sheet.content =
+                    readStore::select(*database, fmt::format("SELECT * FROM [{}]{}", table.name, rows));
+        } catch (const engine::Error& error) {
+            throw std::runtime_error(fmt::format("{}: table {}: {}", file, table.name, error.text));
+        }
         sheets.emplace(sheet.name, std::move(sheet));
     }
     return sheets;

@@ -47,6 +47,9 @@ engine::Database open(const std::string& path) {
             throw std::runtime_error(fmt::format("{}: holds no table; it is no store", path));
         return database;
     } catch (const engine::Error& error) {
+        if (error.number == engine::notADatabase)
+            throw std::runtime_error(
+                fmt::format("{}: is no store of this program, or one with another password", path));
         throw std::runtime_error(fmt::format("{}: cannot be opened as a store: {}", path, error.text));
     }
 }

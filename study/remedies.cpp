@@ -59,6 +59,11 @@ std::optional<Remedy> missingColumn(const Spot& at) {
                   }};
 }
 
+std::optional<Remedy> noScenario(const Spot& at) {
+    if (at.sheet.name != "tblAppDefault" || at.sheet.size() > 0) return {};
+    return Remedy{"Add a scenario", [](Book& book) { bookScenarios::add(book, "My scenario"); }};
+}
+
 std::optional<Remedy> missingRates(const Spot& at) {
     if (at.sheet.name != "tblBaseRates" || at.row >= 0 || at.column != "Setting") return {};
     return Remedy{"Add the row", [](Book& book) {
@@ -186,8 +191,8 @@ std::optional<Remedy> of(const Book& book, const check::Finding& finding) {
         return added ? added : missingColumn(at);
     }
     if (at.row >= at.sheet.size()) return {};
-    for (const auto& remedy : {missingTable, missingColumn, missingRates, missingRows, sumOfRates, counts,
-                               strangers, words, lengths, flags}) {
+    for (const auto& remedy : {missingTable, missingColumn, noScenario, missingRates, missingRows, sumOfRates,
+                               counts, strangers, words, lengths, flags}) {
         if (std::optional<Remedy> found = remedy(at)) return found;
     }
     return {};

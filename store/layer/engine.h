@@ -27,6 +27,7 @@ struct Error : std::exception {
     [[nodiscard]] const char* what() const noexcept override { return text.c_str(); }
 };
 
+constexpr int notADatabase = 26;  // the engine's own number
 constexpr int handleNotSet = 91;
 constexpr int couldNotLockFile = 3050;
 constexpr int lockCountExceeded = 3052;
