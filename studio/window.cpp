@@ -145,7 +145,8 @@ void refresh() {
     w.findings.refresh();
     w.findings.widget->setVisible(workspace::isOpen());
     w.tree->setVisible(workspace::isOpen());
-    w.draftTimer->start();
+    // Whoever types without a pause has a draft too.
+    if (!w.draftTimer->isActive()) w.draftTimer->start();
     showChosen();
 }
 
