@@ -439,7 +439,9 @@ void buildMenus() {
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
     w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
     w.redo = action(edit, "Redo", QKeySequence::Redo, workspace::redo);
-    w.redo->setShortcuts({QKeySequence::Redo, QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    QList<QKeySequence> again = QKeySequence::keyBindings(QKeySequence::Redo);
+    if (const QKeySequence usual(Qt::CTRL | Qt::Key_Y); !again.contains(usual)) again << usual;
+    w.redo->setShortcuts(again);
     edit->addSeparator();
     action(edit, "Add a scenario", {}, [] {
         if (workspace::isOpen()) addScenario();

@@ -305,7 +305,8 @@ void lookAtWindow() {
     const bookHistory::History& history = workspace::history();
     const auto* const current = studioDesk::tree().currentItem();
     expect(current != nullptr, "the tree has nothing chosen");
-    const std::string entry = current == nullptr ? "" : current->text(0).toStdString();
+    if (current == nullptr || !current->data(0, Qt::UserRole).isValid()) return;  // a heading
+    const std::string entry = current->text(0).toStdString();
     const bookScenarios::Parts parts = bookScenarios::partsOf(workspace::book(), entry);
     expectFields(entry);
     if (parts.rates) expectGrid("Base rates", "tblBaseRates", {*parts.rates});
