@@ -361,6 +361,7 @@ void opened() {
     startPage::remember(QString::fromStdString(workspace::folder()));
     w.chosen = {};
     if (workspace::hasDraft()) {
+        w.draftTimer->stop();  // what is kept next would take the place of what is offered
         const int pressed =
             notices::ask("Changes of this study were not saved when the window was last closed.",
                          "They can be taken up again, and saved or undone then.",
@@ -508,7 +509,7 @@ void show() {
     w.problem = new QLabel;
     w.draftTimer = new QTimer(w.main);
     w.draftTimer->setSingleShot(true);
-    w.draftTimer->setInterval(400);
+    w.draftTimer->setInterval(250);
     w.findings = findingsPanel::make(go);
     fields::tellProblemsTo([](const QString& text) {
         w.problem->setText(text);

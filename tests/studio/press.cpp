@@ -24,6 +24,7 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <random>
 
 #include "platform/files.h"
@@ -42,6 +43,7 @@ namespace fs = std::filesystem;
 std::minstd_rand numbers;
 std::deque<std::string> acts;  ///< the last ones
 bool saved = false;            ///< "Save" was pressed since the last look
+bool takenUp = false;          ///< a draft was taken up
 book::Book opened;             ///< what undoing all has to give
 int complaints = 0;
 std::ofstream actLog;  ///< tells after a crash what led to it
@@ -133,6 +135,8 @@ void answer() {
         QAbstractButton* const button = anyOf(message->buttons());
         did("answer \"" + message->text().toStdString() + "\" by " + button->text().toStdString());
         if (message->text() == "That could not be done.") complain(message->informativeText().toStdString());
+        if (button->text() == "Take them up") QTest::qWait(500);  // while drafts are kept
+        takenUp |= button->text() == "Take them up";
         if (button->text() == "Save" || button->text().endsWith(": save")) saved = true;
         return button->click();
     }
@@ -229,13 +233,13 @@ void act() {
     press(*anyOf(widgets));
 }
 
-/// The column of a table by the sentence that stands at its field, if no other has the same.
-std::string columnOf(const char* table, const QString& help) {
-    std::string found;
+/// The columns of a table by the sentences that stand at their fields; not those that share one.
+std::map<QString, std::string> columnsOf(const char* table) {
+    std::map<QString, std::string> found;
     for (const schema::Column& column : schema::find(table)->columns) {
-        if (help.isEmpty() || fields::wordsOf(table, std::string(column.name), {}).help != help) continue;
-        if (!found.empty()) return {};
-        found = column.name;
+        const QString help = fields::wordsOf(table, std::string(column.name), {}).help;
+        const bool fresh = !help.isEmpty() && found.emplace(help, column.name).second;
+        if (!fresh) found[help].clear();
     }
     return found;
 }
@@ -263,8 +267,12 @@ void expectFields(const std::string& entry) {
     const std::optional<int> row = people ? std::optional(roster->currentRow())
                                           : bookScenarios::partsOf(workspace::book(), entry).options;
     if (!row || *row < 0) return;
+    static const auto ofPeople = columnsOf("tblPatients");
+    static const auto ofOptions = columnsOf("tblAppDefault");
+    const auto& columns = people ? ofPeople : ofOptions;
     for (QWidget* widget : studioDesk::lay().findChildren<QWidget*>()) {
-        const std::string column = columnOf(table, widget->accessibleDescription());
+        const auto known = columns.find(widget->accessibleDescription());
+        const std::string column = known == columns.end() ? std::string() : known->second;
         if (widget->isVisible() && !column.empty()) expectField(*widget, {table, *row, column});
     }
 }
@@ -350,11 +358,12 @@ void lookAtHistory() {
 void startAgain(const studioDesk::OwnStudy& study) {
     did("start again");
     workspace::keepDraft();
+    const book::Book before = workspace::book();
+    takenUp = false;
     studioDesk::lay().show();
     window::open(study.folder);
-    opened = workspace::history().saved;
-    const bool taken = bookHistory::isChanged(workspace::history());
-    if (taken) opened = workspace::history().past.front().before;
+    expect(!takenUp || book::same(workspace::book(), before), "the draft that was taken up is another");
+    opened = takenUp ? workspace::history().past.front().before : workspace::book();
 }
 
 }  // namespace
