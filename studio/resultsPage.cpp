@@ -163,6 +163,7 @@ void lookAgain(const Shared& view) {
     const std::string store = workspace::store();
     if (view->shown.store != store) {
         showStatus(*view, {});
+        view->head->setText("The results are being read.");
         view->shown = {};
     }
     const auto look = std::make_shared<Look>();

@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "qt/eventHook.h"
 #include "store/layer/schema.h"
@@ -255,9 +256,12 @@ QString listOf(const std::vector<std::string>& lines) {
 
 /// No box tells of a failure: it would come back with each change.
 void keepDraft() {
+    static bool failed = false;
     try {
         workspace::keepDraft();
+        if (std::exchange(failed, false)) fields::tellProblem({});
     } catch (const std::exception& error) {
+        failed = true;
         fields::tellProblem(QString("What is not saved would be lost if the program ended now: %1")
                                 .arg(QString::fromStdString(error.what())));
     }
@@ -282,7 +286,7 @@ bool save() {
     if (!outcome.problems.empty()) {
         notices::tell("Nothing was saved.",
                       listOf(outcome.problems) +
-                          "\n\nThe changes stay here and are kept as a draft. \"Tables as CSV…\" in the menu "
+                          "\n\nThe changes stay here. \"Tables as CSV…\" in the menu "
                           "writes them elsewhere, from where they can be taken into another study.");
         return false;
     }

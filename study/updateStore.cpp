@@ -59,10 +59,8 @@ void change(engine::Connection& database, const readTables::Tables& files, const
         for (const std::string& line : openSessions::young(database)) outcome.problems.push_back(line);
         outcome.inUse = !outcome.problems.empty();
         if (outcome.inUse)
-            outcome.problems.push_back(
-                fmt::format("who has rows of the last {} minutes may be at work; --closed says that the "
-                            "program is closed",
-                            openSessions::youngMinutes));
+            outcome.problems.push_back(fmt::format("who has rows of the last {} minutes may be at work",
+                                                   openSessions::youngMinutes));
     }
     for (std::string& problem : judge(database)) outcome.problems.push_back(problem);
     if (!outcome.problems.empty()) return;

@@ -18,6 +18,7 @@ struct Arguments {
 int replace(const Arguments& given) {
     const updateStore::Outcome outcome = updateStore::update(given.file, given.folder, given.wish);
     const int status = told(outcome.problems, outcome.notes);
+    if (outcome.inUse) std::cerr << "--closed says that the program is closed on every station\n";
     if (status != 0) return status;
     for (const std::string& line : outcome.done) std::cout << line << '\n';
     if (given.wish.dryRun) std::cout << "nothing was changed (--dry-run)\n";
