@@ -64,6 +64,7 @@ void showTests(QTableWidget& table, QLabel& sum, const Reading& reading,
 
 std::vector<Cell> lineOf(const patterns::Pattern& pattern) {
     std::vector<Cell> line;
+    line.reserve(pattern.results.size() + 1 + pattern.chances.size());
     for (const Result result : pattern.results) line.push_back({result == Result::Present ? "present" : "–"});
     line.push_back({number(100 * pattern.share, 1)});
     bool canBe = false;
@@ -75,6 +76,7 @@ std::vector<Cell> lineOf(const patterns::Pattern& pattern) {
 
 void showPatterns(QTableWidget& table, const Reading& reading, const std::vector<patterns::Pattern>& all) {
     std::vector<std::vector<Cell>> lines;
+    lines.reserve(all.size());
     for (const patterns::Pattern& pattern : all) lines.push_back(lineOf(pattern));
     plainTable::show(table,
                      numbered("Symptom", reading.tables.symptomChances.size())

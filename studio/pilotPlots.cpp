@@ -163,7 +163,7 @@ std::unique_ptr<QChart> endsOf(const Outcomes& outcomes) {
     for (const std::string& cause : causesOf(outcomes)) {
         auto* const set = new QBarSet(cause.empty() ? "No end written" : QString::fromStdString(cause));
         // Bars stand from below: the first policy comes last.
-        for (auto each = outcomes.rbegin(); each != outcomes.rend(); ++each) *set << percentOf(*each, cause);
+        for (const pilotFigures::Outcome& each : outcomes) set->insert(0, percentOf(each, cause));
         set->setBrush(colourOfEnd(cause));
         set->setPen(QPen(look::colours().card, 1));
         bars->append(set);
