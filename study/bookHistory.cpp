@@ -20,7 +20,12 @@ bool move(History& history, std::vector<Step>& from, std::vector<Step>& to) {
 
 }  // namespace
 
-History begin(book::Book opened) { return {.now = opened, .saved = std::move(opened)}; }
+History begin(book::Book opened) {
+    History history;
+    history.saved = opened;
+    history.now = std::move(opened);
+    return history;
+}
 
 bool take(History& history, book::Book next, const std::string& what, const std::string& of) {
     if (book::same(history.now, next)) return false;
