@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -11,80 +13,86 @@ namespace {
 
 using enum ColumnType;
 
-Table optionsTable() {
+std::vector<Column> numbersOfOptions() {
     return {
-        "tblAppDefault",
-        Kind::Configuration,
-        {
-            {"Setting", Text, "name of the scenario; the sign-in sorts the scenarios by it"},
-            {"TestLengthSetting", Text,
-             "the list of lengths (tblTests) from which the tests of this scenario take theirs"},
-            {"Time", Short,
-             "real minutes planned for a patient, 1 to 30. Times the rate they are the patient's length on "
-             "the simulated clock",
-             1, 30},
-            {"SimRate", Short,
-             "simulated hours that pass in a real minute, 1 to 20. A faster clock lets health fall sooner "
-             "and results come sooner",
-             1, 20},
-            {"StartHour", NumberOrText,
-             "hour of the clock when a patient comes, 0 to 12. Together with the planned length, less whole "
-             "rounds of the dial, it has to stay below 12, or the time limit comes at another hour",
-             0, 12},
-            {"StartMin", NumberOrText,
-             "minute of the clock when a patient comes, 0 to 59. The time limit falls at this minute, too", 0,
-             59},
-            {"InitScore", NumberOrText, "score with which a new subject begins"},
-            {"TestBuffer", NumberOrText,
-             "without effect: tests cost from the first patient on, and only the options dialog shows the "
-             "number"},
-            {"BeliefBuffer", NumberOrText,
-             "without effect: beliefs cost from the first patient on, and only the options dialog shows the "
-             "number"},
-            {"TestCost", NumberOrText, "points of score that each issued test costs"},
-            {"MaxBeliefCost", NumberOrText,
-             "points of score that a wholly wrong belief costs; the nearer a belief is to the computed "
-             "chance, the less it costs"},
-            {"HealAward", NumberOrText,
-             "points of score for each point of health of a saved patient; above 327 a full recovery would "
-             "overflow"},
-            {"CyclePatients", YesNo,
-             "the roster begins again by itself when all patients have been treated; otherwise the moderator "
-             "is asked"},
-            {"ShowOptions", YesNo,
-             "the options dialog opens before each patient; what is changed in it holds for that run alone"},
-            {"DiagnoseAfterTests", YesNo,
-             "each result of a test brings up the diagnosis, and the subject has to state a belief"},
-            {"TimeStopDiagnosis", YesNo, "clock and health stand still while the diagnosis is open"},
-            {"DiagnoseAllDiseases", YesNo,
-             "all diseases stand in the diagnosis at once, each with a belief meter; otherwise the subject "
-             "adds those that it thinks of"},
-            {"YokeBeliefMeters", YesNo,
-             "moving one belief meter moves the others, so that beliefs add up to 1"},
-            {"Normalize", YesNo, "beliefs are rescaled to a sum of 1 at each diagnosis"},
-            {"InitToBaseRates", YesNo,
-             "where all diseases are judged at once, the belief meters start at the base rates and not at 0"},
-            {"ViewBaseRates", YesNo, "the subject sees how often each disease occurs"},
-            {"ViewSymptomDisease", YesNo, "the subject sees how often each symptom comes with each disease"},
-            {"ViewTreatmentDisease", YesNo,
-             "the subject sees how often each treatment heals each disease, and harms where treatments can"},
-            {"DoTreatments", YesNo, "the subject can treat; without it the first diagnosis ends the patient"},
-            {"FeedbackSymptomsP", YesNo,
-             "after a patient the feedback shows how often each symptom comes with each disease"},
-            {"FeedbackTestsResults", YesNo,
-             "after a patient the feedback shows the results of all tests, issued or not"},
-            {"FeedbackDiseaseP", YesNo,
-             "the feedback shows the computed chance of the disease, with which the score compares the "
-             "belief. Keep it on: without it the belief is compared with 0"},
-            {"UseNormalizeScore", YesNo, "the score uses the belief rescaled to a sum of 1"},
-            {"ShowNormalize", YesNo, "the feedback has a button that shows the rescaled beliefs"},
-            {"BestTreatment", YesNo, "the feedback names the best treatment"},
-            {"TreatmentProperty", Short,
-             "1: the first prescription ends the patient, whether it helps or not; -1: treatments can harm; "
-             "0: neither",
-             -1, 1},
-        },
-        {}};
+        {"Setting", Text, "name of the scenario; the sign-in sorts the scenarios by it"},
+        {"TestLengthSetting", Text,
+         "the list of lengths (tblTests) from which the tests of this scenario take theirs"},
+        {"Time", Short,
+         "real minutes planned for a patient, 1 to 30. Times the rate they are the patient's length on "
+         "the simulated clock",
+         1, 30},
+        {"SimRate", Short,
+         "simulated hours that pass in a real minute, 1 to 20. A faster clock lets health fall sooner "
+         "and results come sooner",
+         1, 20},
+        {"StartHour", NumberOrText,
+         "hour of the clock when a patient comes, 0 to 12. Together with the planned length, less whole "
+         "rounds of the dial, it has to stay below 12, or the time limit comes at another hour",
+         0, 12},
+        {"StartMin", NumberOrText,
+         "minute of the clock when a patient comes, 0 to 59. The time limit falls at this minute, too", 0,
+         59},
+        {"InitScore", NumberOrText, "score with which a new subject begins"},
+        {"TestBuffer", NumberOrText,
+         "without effect: tests cost from the first patient on, and only the options dialog shows the "
+         "number"},
+        {"BeliefBuffer", NumberOrText,
+         "without effect: beliefs cost from the first patient on, and only the options dialog shows the "
+         "number"},
+        {"TestCost", NumberOrText, "points of score that each issued test costs"},
+        {"MaxBeliefCost", NumberOrText,
+         "points of score that a wholly wrong belief costs; the nearer a belief is to the computed "
+         "chance, the less it costs"},
+        {"HealAward", NumberOrText,
+         "points of score for each point of health of a saved patient; above 327 a full recovery would "
+         "overflow"},
+    };
+}
+
+std::vector<Column> flagsOfOptions() {
+    return {
+        {"CyclePatients", YesNo,
+         "the roster begins again by itself when all patients have been treated; otherwise the moderator "
+         "is asked"},
+        {"ShowOptions", YesNo,
+         "the options dialog opens before each patient; what is changed in it holds for that run alone"},
+        {"DiagnoseAfterTests", YesNo,
+         "each result of a test brings up the diagnosis, and the subject has to state a belief"},
+        {"TimeStopDiagnosis", YesNo, "clock and health stand still while the diagnosis is open"},
+        {"DiagnoseAllDiseases", YesNo,
+         "all diseases stand in the diagnosis at once, each with a belief meter; otherwise the subject "
+         "adds those that it thinks of"},
+        {"YokeBeliefMeters", YesNo, "moving one belief meter moves the others, so that beliefs add up to 1"},
+        {"Normalize", YesNo, "beliefs are rescaled to a sum of 1 at each diagnosis"},
+        {"InitToBaseRates", YesNo,
+         "where all diseases are judged at once, the belief meters start at the base rates and not at 0"},
+        {"ViewBaseRates", YesNo, "the subject sees how often each disease occurs"},
+        {"ViewSymptomDisease", YesNo, "the subject sees how often each symptom comes with each disease"},
+        {"ViewTreatmentDisease", YesNo,
+         "the subject sees how often each treatment heals each disease, and harms where treatments can"},
+        {"DoTreatments", YesNo, "the subject can treat; without it the first diagnosis ends the patient"},
+        {"FeedbackSymptomsP", YesNo,
+         "after a patient the feedback shows how often each symptom comes with each disease"},
+        {"FeedbackTestsResults", YesNo,
+         "after a patient the feedback shows the results of all tests, issued or not"},
+        {"FeedbackDiseaseP", YesNo,
+         "the feedback shows the computed chance of the disease, with which the score compares the "
+         "belief. Keep it on: without it the belief is compared with 0"},
+        {"UseNormalizeScore", YesNo, "the score uses the belief rescaled to a sum of 1"},
+        {"ShowNormalize", YesNo, "the feedback has a button that shows the rescaled beliefs"},
+        {"BestTreatment", YesNo, "the feedback names the best treatment"},
+        {"TreatmentProperty", Short,
+         "1: the first prescription ends the patient, whether it helps or not; -1: treatments can harm; "
+         "0: neither",
+         -1, 1},
+    };
+}
+
+Table optionsTable() {
+    std::vector<Column> columns = numbersOfOptions();
+    std::ranges::move(flagsOfOptions(), std::back_inserter(columns));
+    return {"tblAppDefault", Kind::Configuration, std::move(columns), {}};
 }
 
 Table trialTable() {
