@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 #include <optional>
-#include <set>
 #include <stdexcept>
 #include <tuple>
 
@@ -17,7 +16,6 @@
 #include "pilot/eyes.h"
 #include "pilot/hands.h"
 #include "platform/fault.h"
-#include "platform/pictures.h"
 #include "platform/randomSource.h"
 #include "screens/wiring.h"
 #include "stage/openBoxes.h"
@@ -201,14 +199,6 @@ void step() {
     }
 }
 
-/// Pictures do not change while subjects are played: each is decoded once a process.
-void checkPicture(const std::string& path) {
-    static std::set<std::string> good;
-    if (good.contains(path)) return;
-    pictures::check(path);
-    good.insert(path);
-}
-
 std::uint64_t numberOf(const std::string& name) {
     std::uint64_t number = 0;
     for (const char c : name) number = number * 31 + static_cast<unsigned char>(c);
@@ -229,7 +219,6 @@ std::string play(const Setup& setup, const Subject& subject) {
     if (!scriptedHost::begin({setup.folder, setup.now}, {step, {}}))
         throw std::runtime_error("--now: \"" + setup.now + "\" is no date and time (2026-01-05 09:30:00)");
     host() = scriptedHost::make();
-    host().checkPicture = checkPicture;
     host().endProgram = [](int) { throw SessionEnd{}; };
     Desk here{setup, subject, {setup.times, chanceOf(1)}, chanceOf(2)};
     desk = &here;

@@ -62,8 +62,9 @@ std::optional<Stamp> stampOf(const std::string& path) {
 }  // namespace
 
 void check(const std::string& path) {
-    // The pictures come again with every round of the roster, and reading one takes milliseconds.
-    static std::unordered_map<std::string, Judged> known;
+    // The pictures come again with every round of the roster and with every look at a study, and reading one
+    // takes milliseconds.
+    thread_local std::unordered_map<std::string, Judged> known;
     const std::optional<Stamp> stamp = stampOf(path);
     std::unique_ptr<std::FILE, Closer> file;
     if (stamp) file.reset(std::fopen(path.c_str(), "rb"));

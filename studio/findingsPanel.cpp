@@ -41,10 +41,7 @@ void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& f
         [finding] {
             const std::optional<remedies::Remedy> now = remedies::of(workspace::book(), finding);
             if (!now) return;
-            workspace::edit(now->label, [&](book::Book& book) {
-                now->mend(book);
-                return std::string();
-            });
+            workspace::change(now->label, [&](book::Book& book) { now->mend(book); });
         },
         Qt::QueuedConnection);
     list.setItemWidget(&item, 3, press);

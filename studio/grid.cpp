@@ -161,12 +161,11 @@ void pasteHere(QTableWidget& table, const State& state) {
 }
 
 void clear(const QTableWidget& table, const std::shared_ptr<State>& state) {
-    workspace::edit("Clear cells", [&](book::Book& book) {
+    workspace::change("Clear cells", [&](book::Book& book) {
         for (const QTableWidgetItem* item : table.selectedItems()) {
             const std::optional<book::Place> place = placeAt(state->view, item->row(), item->column());
             if (place) book::put(book, *place, {});
         }
-        return std::string();
     });
 }
 

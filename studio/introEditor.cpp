@@ -149,9 +149,8 @@ void put(book::Book& book, int row, const QString& text) {
 void part(const State& state) {
     const std::optional<int> row = state.person();
     if (!row) return;
-    workspace::edit("Give the introduction a file of its own", [&](book::Book& book) {
+    workspace::change("Give the introduction a file of its own", [&](book::Book& book) {
         workspace::putFile(book, newFile(book, *row), state.known.toStdString());
-        return std::string();
     });
 }
 

@@ -7,6 +7,7 @@
 
 #include "studio/fields.h"
 #include "studio/grid.h"
+#include "studio/rowDeeds.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 
@@ -15,16 +16,6 @@ namespace listPages {
 namespace {
 
 using book::Place;
-
-std::vector<int> rowsWith(const book::Book& book, const char* table, const char* column,
-                          const std::string& text) {
-    std::vector<int> rows;
-    const book::Sheet& sheet = book::sheetOf(book, table);
-    for (int row = 0; row < sheet.size(); ++row) {
-        if (check::sameName(sheet.text(row, column), text)) rows.push_back(row);
-    }
-    return rows;
-}
 
 /// Rows of one kind of a table, with the one column that is typed.
 struct Kind {
@@ -35,40 +26,20 @@ struct Kind {
     QString title;
 };
 
+std::vector<int> rowsOf(const book::Book& book, const Kind& kind) {
+    return book::rowsOf(book, kind.table, kind.key, kind.name());
+}
+
 grid::View viewOf(const book::Book& book, const Kind& kind) {
     grid::View view{{QString(kind.value)}, {}, {}};
-    for (const int row : rowsWith(book, kind.table, kind.key, kind.name())) {
+    for (const int row : rowsOf(book, kind)) {
         view.rows << QString::number(view.rows.size() + 1);
         view.places.push_back({Place{kind.table, row, kind.value}});
     }
     return view;
 }
 
-bool addRow(book::Book& book, const Kind& kind) {
-    const std::vector<int> rows = rowsWith(book, kind.table, kind.key, kind.name());
-    const int at = rows.empty() ? book::sheetOf(book, kind.table).size() : rows.back() + 1;
-    book::addRow(book, kind.table, at);
-    book::set(book, {kind.table, at, kind.key}, kind.name());
-    return true;
-}
-
-void act(const grid::Grid& grid, const Kind& kind, const QString& what, int by) {
-    const std::vector<int> rows = rowsWith(workspace::book(), kind.table, kind.key, kind.name());
-    const int at = grid.row();
-    if (at < 0 || static_cast<std::size_t>(at) >= rows.size())
-        return fields::tellProblem("Choose a row first.");
-    const int to = at + by;
-    if (to < 0 || static_cast<std::size_t>(to) >= rows.size()) return;
-    workspace::edit(what.toStdString(), [&](book::Book& book) {
-        if (by == 0)
-            book::removeRow(book, kind.table, rows[static_cast<std::size_t>(at)]);
-        else
-            book::moveRow(book, kind.table, rows[static_cast<std::size_t>(at)],
-                          rows[static_cast<std::size_t>(to)]);
-        return std::string();
-    });
-    if (by != 0) grid.table->setCurrentCell(to, 0);
-}
+void addRow(book::Book& book, const Kind& kind) { book::addRowOf(book, kind.table, kind.key, kind.name()); }
 
 struct Block {
     QWidget* widget;
@@ -79,7 +50,10 @@ struct Block {
 Block block(const Kind& kind) {
     const grid::Grid grid =
         grid::make({kind.title, [=](const book::Book& book) { return viewOf(book, kind); },
-                    [=](book::Book& book) { return addRow(book, kind); }});
+                    [=](book::Book& book) {
+                        addRow(book, kind);
+                        return true;
+                    }});
     auto* const whole = new QWidget;
     auto* const column = new QVBoxLayout(whole);
     auto* const buttons = new QHBoxLayout;
@@ -90,16 +64,16 @@ Block block(const Kind& kind) {
         buttons->addWidget(made);
     };
     button("Add", [=] {
-        workspace::edit("Add a row", [&](book::Book& book) {
-            addRow(book, kind);
-            return std::string();
-        });
+        workspace::change("Add a row", [&](book::Book& book) { addRow(book, kind); });
         grid.table->setCurrentCell(grid.table->rowCount() - 1, 0);
         grid.table->editItem(grid.table->currentItem());
     });
-    button("Remove", [=] { act(grid, kind, "Remove a row", 0); });
-    button("Move up", [=] { act(grid, kind, "Move a row", -1); });
-    button("Move down", [=] { act(grid, kind, "Move a row", 1); });
+    const auto act = [&](const QString& text, const char* what, int by) {
+        button(text, [=] { rowDeeds::act(grid, kind.table, rowsOf(workspace::book(), kind), what, by); });
+    };
+    act("Remove", "Remove a row", 0);
+    act("Move up", "Move a row", -1);
+    act("Move down", "Move a row", 1);
     buttons->addStretch();
     auto* const title = new QLabel("<b>" + kind.title + "</b>");
     column->addWidget(title);

@@ -11,6 +11,7 @@
 #include "studio/chances.h"
 #include "studio/fields.h"
 #include "studio/grid.h"
+#include "studio/rowDeeds.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 #include "study/limits.h"
@@ -93,31 +94,12 @@ QPushButton* button(const QString& text, QHBoxLayout* row, const std::function<v
     return made;
 }
 
-/// Moves or removes the row with the cursor, among the rows of the scenario.
-void onRow(const grid::Grid& grid, const char* table, const std::vector<int>& rows, const std::string& what,
-           int by) {
-    const int at = grid.row();
-    if (at < 0 || static_cast<std::size_t>(at) >= rows.size())
-        return fields::tellProblem("Choose a row first.");
-    const int to = at + by;
-    if (by != 0 && (to < 0 || static_cast<std::size_t>(to) >= rows.size())) return;
-    workspace::edit(what, [&](book::Book& book) {
-        const int row = rows[static_cast<std::size_t>(at)];
-        if (by == 0)
-            book::removeRow(book, table, row);
-        else
-            book::moveRow(book, table, row, rows[static_cast<std::size_t>(to)]);
-        return std::string();
-    });
-    if (by != 0) grid.table->setCurrentCell(to, std::max(grid.table->currentColumn(), 0));
-}
-
 void rowButtons(QHBoxLayout* line, const grid::Grid& grid, const char* table, const QString& what,
                 const std::function<std::vector<int>()>& rows) {
     const auto act = [=](const QString& verb, int by) {
         const std::string step = (verb + " the " + what).toStdString();
         button(verb, line, [=] {
-            onRow(grid, table, rows(), step, by);
+            rowDeeds::act(grid, table, rows(), step, by);
         })->setAccessibleName(QString::fromStdString(step));
     };
     act("Remove", 0);
@@ -178,10 +160,8 @@ QGroupBox* symptomsGroup(const Scenario& scenario, const grid::Grid& symptoms) {
 QGroupBox* treatmentsGroup(const Scenario& scenario, const grid::Grid& treatments) {
     auto* const buttons = new QHBoxLayout;
     button("Add a treatment", buttons, [=] {
-        workspace::edit("Add a treatment", [&](book::Book& book) {
-            bookScenarios::addTreatment(book, scenario());
-            return std::string();
-        });
+        workspace::change("Add a treatment",
+                          [&](book::Book& book) { bookScenarios::addTreatment(book, scenario()); });
     });
     rowButtons(buttons, treatments, "tblTreatments", "treatment",
                [=] { return bookScenarios::partsOf(workspace::book(), scenario()).treatments; });

@@ -81,9 +81,8 @@ void take(const Person& person, const QString& file) {
     const QString problem = problemOf(file);
     if (!problem.isEmpty()) return notices::tell("The picture stays as it was.", file + "\n\n" + problem);
     const std::string bytes = files::read(file.toStdString());
-    workspace::edit("Choose the picture", [&](book::Book& book) {
+    workspace::change("Choose the picture", [&](book::Book& book) {
         put(book, *row, QFileInfo(file).fileName().toStdString(), bytes);
-        return std::string();
     });
 }
 

@@ -27,10 +27,7 @@ const book::Sheet& people() { return book::sheetOf(workspace::book(), table); }
 /// A change of the roster, after which this row is the chosen one.
 void change(QListWidget& list, const std::string& what, int then,
             const std::function<void(book::Book&)>& work) {
-    workspace::edit(what, [&](book::Book& book) {
-        work(book);
-        return std::string();
-    });
+    workspace::change(what, [&](book::Book& book) { work(book); });
     list.setCurrentRow(std::clamp(then, -1, list.count() - 1));
 }
 

@@ -44,10 +44,8 @@ std::string askName(QWidget* parent, const QString& title, const std::string& of
 void rename(QWidget* parent, const std::string& scenario, const Follow& follow) {
     const std::string name = askName(parent, "Rename the scenario", scenario, scenario);
     if (name.empty() || name == scenario) return;
-    workspace::edit("Rename the scenario", [&](book::Book& book) {
-        bookScenarios::rename(book, scenario, name);
-        return std::string();
-    });
+    workspace::change("Rename the scenario",
+                      [&](book::Book& book) { bookScenarios::rename(book, scenario, name); });
     follow(name);
 }
 
@@ -55,18 +53,14 @@ void copy(QWidget* parent, const std::string& scenario, const Follow& follow) {
     const std::string free = bookScenarios::freeName(workspace::book(), scenario + " copy");
     const std::string name = askName(parent, "Copy the scenario", free, {});
     if (name.empty()) return;
-    workspace::edit("Copy the scenario", [&](book::Book& book) {
-        bookScenarios::copy(book, scenario, name);
-        return std::string();
-    });
+    workspace::change("Copy the scenario",
+                      [&](book::Book& book) { bookScenarios::copy(book, scenario, name); });
     follow(name);
 }
 
 void remove(const std::string& scenario, const Follow& follow) {
-    workspace::edit("Remove the scenario", [&](book::Book& book) {
-        bookScenarios::remove(book, scenario);
-        return std::string();
-    });
+    workspace::change("Remove the scenario",
+                      [&](book::Book& book) { bookScenarios::remove(book, scenario); });
     const std::vector<std::string> left = bookScenarios::namesOf(workspace::book());
     follow(left.empty() ? std::string() : left.front());
 }

@@ -32,10 +32,7 @@ grid::View viewOf(const book::Book& book, const std::string& table) {
 void removeRow(const grid::Grid& grid, const std::string& table) {
     const int row = grid.row();
     if (row < 0) return fields::tellProblem("Choose a row first.");
-    workspace::edit("Remove the row", [&](book::Book& book) {
-        book::removeRow(book, table, row);
-        return std::string();
-    });
+    workspace::change("Remove the row", [&](book::Book& book) { book::removeRow(book, table, row); });
 }
 
 }  // namespace

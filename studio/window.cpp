@@ -410,10 +410,7 @@ void makeStudy(bool ofSample) {
 
 void addScenario() {
     const std::string name = bookScenarios::freeName(workspace::book(), "New scenario");
-    workspace::edit("Add a scenario", [&](book::Book& book) {
-        bookScenarios::add(book, name);
-        return std::string();
-    });
+    workspace::change("Add a scenario", [&](book::Book& book) { bookScenarios::add(book, name); });
     w.chosen = {Kind::Scenario, name};
     refresh();
 }

@@ -192,6 +192,13 @@ std::string edit(const std::string& what, const std::function<std::string(book::
     return problem;
 }
 
+void change(const std::string& what, const std::function<void(book::Book&)>& work) {
+    edit(what, [&](book::Book& book) {
+        work(book);
+        return std::string();
+    });
+}
+
 void undo() {
     if (bookHistory::undo(state.history)) tell();
 }

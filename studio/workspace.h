@@ -46,6 +46,8 @@ const std::vector<check::Finding>& findings();
 /// behind "Undo"; steps of one `of` that follow each other are one.
 std::string edit(const std::string& what, const std::function<std::string(book::Book&)>& change,
                  const std::string& of = {});
+/// The same for a change that nothing can be against.
+void change(const std::string& what, const std::function<void(book::Book&)>& work);
 void undo();
 void redo();
 

@@ -122,11 +122,27 @@ void addColumn(Book& book, std::string_view table, const std::string& column) {
 
 std::optional<int> rowOf(const Book& book, std::string_view table, std::string_view column,
                          std::string_view text) {
+    const std::vector<int> rows = rowsOf(book, table, column, text);
+    return rows.empty() ? std::nullopt : std::optional(rows.front());
+}
+
+std::vector<int> rowsOf(const Book& book, std::string_view table, std::string_view column,
+                        std::string_view text) {
     const Sheet& sheet = sheetOf(book, table);
+    std::vector<int> rows;
     for (int row = 0; row < sheet.size(); ++row) {
-        if (!sheet.isEmpty(row, column) && check::sameName(sheet.text(row, column), text)) return row;
+        if (!sheet.isEmpty(row, column) && check::sameName(sheet.text(row, column), text))
+            rows.push_back(row);
     }
-    return {};
+    return rows;
+}
+
+int addRowOf(Book& book, const std::string& table, const std::string& column, const std::string& text) {
+    const std::vector<int> own = rowsOf(book, table, column, text);
+    const int at = own.empty() ? sheetOf(book, table).size() : own.back() + 1;
+    addRow(book, table, at);
+    set(book, {table, at, column}, text);
+    return at;
 }
 
 void addRow(Book& book, std::string_view table, int at) {

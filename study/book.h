@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "study/checkStudy.h"
 
@@ -65,6 +66,13 @@ void addColumn(Book& book, std::string_view table, const std::string& column);
 /// The row of that table in which the column holds this text, case aside.
 std::optional<int> rowOf(const Book& book, std::string_view table, std::string_view column,
                          std::string_view text);
+
+/// All such rows.
+std::vector<int> rowsOf(const Book& book, std::string_view table, std::string_view column,
+                        std::string_view text);
+
+/// Adds a row with this text in the column, behind the last that has it, or at the end; its place.
+int addRowOf(Book& book, const std::string& table, const std::string& column, const std::string& text);
 
 /// Adds an empty row before row `at`, or at the end.
 void addRow(Book& book, std::string_view table, int at);

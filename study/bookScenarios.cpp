@@ -14,6 +14,7 @@ namespace bookScenarios {
 
 using book::change;
 using book::Place;
+using book::rowsOf;
 using book::set;
 using book::Sheet;
 using check::diseaseColumn;
@@ -25,23 +26,9 @@ constexpr std::array tablesOfScenarios{"tblAppDefault", "tblBaseRates", "tblDise
 
 std::int64_t whole(int number) { return number; }
 
-std::vector<int> rowsOf(const Book& book, std::string_view table, std::string_view column,
-                        std::string_view name) {
-    const Sheet& sheet = book::sheetOf(book, table);
-    std::vector<int> rows;
-    for (int row = 0; row < sheet.size(); ++row) {
-        if (!sheet.isEmpty(row, column) && sameName(sheet.text(row, column), name)) rows.push_back(row);
-    }
-    return rows;
-}
-
 /// Adds a row behind the last of the scenario; its place.
-int rowFor(Book& book, std::string_view table, const std::string& scenario) {
-    const std::vector<int> own = rowsOf(book, table, "Setting", scenario);
-    const int at = own.empty() ? book::sheetOf(book, table).size() : own.back() + 1;
-    book::addRow(book, table, at);
-    set(book, {std::string(table), at, "Setting"}, scenario);
-    return at;
+int rowFor(Book& book, const std::string& table, const std::string& scenario) {
+    return book::addRowOf(book, table, "Setting", scenario);
 }
 
 void setCounts(Book& book, const Parts& parts, int count) {
@@ -114,10 +101,7 @@ void addLengths(Book& book, const std::string& list, int wanted) {
     constexpr const char* minutes = "15";
     for (auto have = static_cast<int>(rowsOf(book, "tblTests", "SETTING", list).size()); have < wanted;
          ++have) {
-        const std::vector<int> own = rowsOf(book, "tblTests", "SETTING", list);
-        const int at = own.empty() ? book::sheetOf(book, "tblTests").size() : own.back() + 1;
-        book::addRow(book, "tblTests", at);
-        set(book, {"tblTests", at, "SETTING"}, list);
+        const int at = book::addRowOf(book, "tblTests", "SETTING", list);
         set(book, {"tblTests", at, "Length"}, minutes);
     }
 }
@@ -188,8 +172,8 @@ void rename(Book& book, const std::string& from, const std::string& name) {
 
 void remove(Book& book, const std::string& name) {
     for (const char* table : tablesOfScenarios) {
-        const std::vector<int> rows = rowsOf(book, table, "Setting", name);
-        for (auto row = rows.rbegin(); row != rows.rend(); ++row) book::removeRow(book, table, *row);
+        for (std::vector<int> rows = rowsOf(book, table, "Setting", name); !rows.empty(); rows.pop_back())
+            book::removeRow(book, table, rows.back());
     }
 }
 

@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <filesystem>
-#include <map>
 #include <string>
-#include <tuple>
 
 #include "platform/fault.h"
 #include "platform/files.h"
@@ -38,35 +35,17 @@ void judgeNumbers(Study& study, int row) {
             *health == 0 ? "The patient is dead within a moment." : "The patient recovers within a moment.");
 }
 
-/// The fault that the program ends with at this picture, or 0. Each state of a file is read to its end once,
-/// since a study is checked at every key that somebody types in it.
-int pictureFault(const std::string& file) {
-    using State = std::tuple<std::string, std::uintmax_t, fs::file_time_type>;
-    thread_local std::map<State, int> known;
-    constexpr std::size_t mostKnown = 1000;
-    std::error_code failed;
-    const State state{file, fs::file_size(file, failed), fs::last_write_time(file, failed)};
-    if (const auto found = known.find(state); found != known.end() && !failed) return found->second;
-    int fault = 0;
-    try {
-        pictures::check(file);
-    } catch (const Fault& raised) {
-        fault = raised.number;
-    }
-    if (known.size() >= mostKnown) known.clear();
-    known[state] = fault;
-    return fault;
-}
-
 void judgePicture(Study& study, int row) {
     const Sheet& people = study.sheet("tblPatients");
     const std::string name = people.text(row, "Picture");
-    const int fault = pictureFault(study.fileOf(name));
-    if (fault == 0) return;
-    const bool missing = fault == static_cast<int>(FaultNumber::FileNotFound);
-    study.error(people, row, "Picture",
-                fmt::format("\"{}\" {} in Patients: the program ends when this person comes.", name,
-                            missing ? "is no file" : "is no picture that can be read to its end"));
+    try {
+        pictures::check(study.fileOf(name));
+    } catch (const Fault& fault) {
+        const bool missing = fault.number == static_cast<int>(FaultNumber::FileNotFound);
+        study.error(people, row, "Picture",
+                    fmt::format("\"{}\" {} in Patients: the program ends when this person comes.", name,
+                                missing ? "is no file" : "is no picture that can be read to its end"));
+    }
 }
 
 void judgeIntro(Study& study, int row) {

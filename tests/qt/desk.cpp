@@ -5,23 +5,15 @@
 #include "forms/frmSplash.h"
 #include "forms/frmTavix.h"
 #include "forms/registry.h"
-#include "qt/look.h"
 #include "qt/mirror.h"
 #include "screens/wiring.h"
+#include "tests/qt/offscreen.h"
 
 namespace desk {
 
 void lay() {
     if (qApp != nullptr) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TAVIX_TESTS "/screen.json");
-    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
-    static int count = 1;
-    static char name[] = "tavix";
-    static char* arguments[] = {name, nullptr};
-    // Never ended: the windows live as long as the tests.
-    static const auto* application = new QApplication(count, arguments);
-    Q_UNUSED(application);
-    look::apply(false);
+    offscreen::begin();
     wiring::wireForms();
     mirror::build();
 }

@@ -358,7 +358,7 @@ void lookAtHistory() {
 void startAgain(const studioDesk::OwnStudy& study) {
     did("start again");
     workspace::keepDraft();
-    const book::Book before = workspace::book();
+    const book::Book before = studioDesk::bookNow();
     takenUp = false;
     studioDesk::lay().show();
     window::open(study.folder);

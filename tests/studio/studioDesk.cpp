@@ -9,9 +9,9 @@
 #include <set>
 #include <stdexcept>
 
-#include "qt/look.h"
 #include "studio/window.h"
 #include "studio/workspace.h"
+#include "tests/qt/offscreen.h"
 
 namespace studioDesk {
 
@@ -22,30 +22,33 @@ OwnStudy::OwnStudy() {
     fs::copy(TAVIX_TESTS "/Patients", folder + "/Patients");
 }
 
+namespace {
+
+QMainWindow* shownWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* const found = qobject_cast<QMainWindow*>(widget)) return found;
+    }
+    throw std::runtime_error("there is no window");
+}
+
+}  // namespace
+
 QMainWindow& lay() {
     static QMainWindow* main = nullptr;
     if (main != nullptr) return *main;
     static const QTemporaryDir own;
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TAVIX_TESTS "/screen.json");
-    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
     qputenv("XDG_CONFIG_HOME", own.path().toUtf8());
-    static int count = 1;
-    static char name[] = "tavix-studio";
-    static char* arguments[] = {name, nullptr};
-    // Never ended: the window lives as long as the tests.
-    static const auto* application = new QApplication(count, arguments);
-    Q_UNUSED(application);
+    offscreen::begin();
     QApplication::setQuitOnLastWindowClosed(false);
-    look::apply(false);
     workspace::setDraftRoot((own.path() + "/drafts").toStdString());
     window::show();
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* const found = qobject_cast<QMainWindow*>(widget)) main = found;
-    }
+    main = shownWindow();
     main->activateWindow();
     QCoreApplication::processEvents();
     return *main;
 }
+
+book::Book bookNow() { return workspace::book(); }
 
 void open(const TemporaryStudy& study) {
     lay();

@@ -6,6 +6,7 @@
 #include <QTreeWidget>
 #include <string>
 
+#include "study/book.h"
 #include "tests/temporaryStudy.h"
 
 namespace studioDesk {
@@ -19,6 +20,9 @@ struct OwnStudy : TemporaryStudy {
 };
 
 void open(const TemporaryStudy& study);
+
+/// A copy of what the window holds, to compare with later.
+book::Book bookNow();
 
 /// Chooses what the tree lists under this name, and there the tab.
 void go(const QString& entry, const QString& tab = {});

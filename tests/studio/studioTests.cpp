@@ -80,7 +80,7 @@ TEST(Studio, WhatIsTypedIsSavedAndNothingElse) {
     const studioDesk::OwnStudy study;
     studioDesk::open(study);
     const std::string before = files::read(study.storePath());
-    const book::Book opened = workspace::book();
+    const book::Book opened = studioDesk::bookNow();
     studioDesk::go("Plain", "Options");
     auto* const score = named<QLineEdit>("Initial Score");
     ASSERT_NE(score, nullptr);
@@ -142,7 +142,7 @@ TEST(Studio, ABlockGoesThroughTheClipboardAndOneThatIsTooWideChangesNothing) {
     studioDesk::go("Plain", "Model");
     auto* const chances = named<QTableWidget>("Chances of symptoms");
     ASSERT_NE(chances, nullptr);
-    const book::Book opened = workspace::book();
+    const book::Book opened = studioDesk::bookNow();
     const auto at = [&](int row, int column) { return chances->item(row, column)->text(); };
     const QString block = at(0, 0) + "\t" + at(0, 1) + "\n" + at(1, 0) + "\t" + at(1, 1) + "\n";
     chances->setFocus();
