@@ -145,6 +145,7 @@ void judgeTreatments(Prospect& prospect, const Reading& reading) {
 }
 
 void judgeTime(Prospect& prospect, const Reading& reading) {
+    if (reading.healthiest <= 0) return;  // a roster that is still empty
     if (prospect.timeLimit && *prospect.timeLimit <= prospect.longestLife) return;
     const std::string life =
         fmt::format("the healthiest patient (start {:g}) hardly lives longer than {:.0f}", reading.healthiest,

@@ -58,6 +58,10 @@ std::string freshFolder(const std::string& beginning) {
     return place;
 }
 
-std::string folderOfProgram() { return std::filesystem::canonical("/proc/self/exe").parent_path().string(); }
+std::string folderOfProgram() {
+    // Once, at the first need: a program that is replaced while it runs has no place any more.
+    static const std::string folder = std::filesystem::canonical("/proc/self/exe").parent_path().string();
+    return folder;
+}
 
 }  // namespace files

@@ -206,4 +206,23 @@ Field choice(const Where& where, const Words& words, const std::function<QString
             }};
 }
 
+Field named(const Where& where, const Words& words, const std::vector<Choice>& choices) {
+    auto* const box = new QComboBox;
+    const auto known = static_cast<int>(choices.size());
+    for (const Choice& choice : choices) box->addItem(choice.name, choice.value);
+    passWheelOn(box);
+    describe(*box, words);
+    QObject::connect(box, &QComboBox::activated, box,
+                     [=](int at) { put(*box, where, words, box->itemData(at).toString()); });
+    return {box, where, [=] {
+                const std::optional<book::Place> place = where();
+                const QSignalBlocker quiet(box);
+                const QString value = place ? textAt(*place) : QString();
+                box->setEnabled(place.has_value());
+                while (box->count() > known) box->removeItem(known);
+                if (box->findData(value) < 0) box->addItem(value, value);
+                box->setCurrentIndex(box->findData(value));
+            }};
+}
+
 }  // namespace fields

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "study/book.h"
 
@@ -34,6 +35,14 @@ Field tick(const Where& where, const Words& words);
 Field slider(const Where& where, const Words& words, int least, int most);
 /// One of these texts, or another that is typed.
 Field choice(const Where& where, const Words& words, const std::function<QStringList()>& items);
+
+struct Choice {
+    QString value;  ///< as the cell holds it
+    QString name;
+};
+
+/// One of these values, by its name; a value that has none is shown as it stands.
+Field named(const Where& where, const Words& words, const std::vector<Choice>& choices);
 
 /// A wheel that passes over a field scrolls the page and does not change the study.
 void passWheelOn(QWidget* widget);

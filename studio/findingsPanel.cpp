@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "qt/look.h"
+#include "studio/contents.h"
 #include "studio/workspace.h"
 #include "study/check.h"
 #include "study/remedies.h"
@@ -23,6 +24,7 @@ namespace {
 
 QString gradeOf(const check::Finding& finding) { return check::wordFor(finding.grade); }
 
+/// Where it stands in the tables.
 QString placeOf(const check::Finding& finding) {
     QString place = QString::fromStdString(finding.table);
     if (finding.row > 0) place += QString(", row %1").arg(finding.row);
@@ -64,8 +66,9 @@ void fill(QTreeWidget& list, QLabel& head) {
         errors += finding.grade == check::Grade::Error ? 1 : 0;
         warnings += finding.grade == check::Grade::Warning ? 1 : 0;
         auto* const item = new QTreeWidgetItem(
-            &list, {gradeOf(finding), placeOf(finding), QString::fromStdString(finding.text)});
+            &list, {gradeOf(finding), contents::wordsFor(finding), QString::fromStdString(finding.text)});
         item->setData(0, Qt::UserRole, static_cast<int>(i));
+        item->setToolTip(1, placeOf(finding));
         item->setToolTip(2, item->text(2));
         if (finding.grade == check::Grade::Error) item->setForeground(0, look::colours().alarm);
         addRemedy(list, *item, finding);

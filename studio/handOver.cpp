@@ -1,5 +1,7 @@
 #include "studio/handOver.h"
 
+#include <fmt/format.h>
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
@@ -117,6 +119,9 @@ exportDataset::Request& lastRequest() {
     if (request.file != workspace::store())
         request = {
             .file = workspace::store(), .folder = beside("-dataset"), .pseudonyms = beside("-key.csv")};
+    // What an export has made is never written over.
+    const std::string wanted = request.folder;
+    for (int i = 2; fs::exists(request.folder); ++i) request.folder = fmt::format("{}-{}", wanted, i);
     return request;
 }
 

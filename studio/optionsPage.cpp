@@ -13,6 +13,7 @@
 #include "forms/frmOptions.h"
 #include "store/layer/schema.h"
 #include "store/record/Options.h"
+#include "studio/captions.h"
 #include "studio/clockFace.h"
 #include "studio/fields.h"
 #include "studio/workspace.h"
@@ -37,8 +38,8 @@ const schema::Column& columnOf(const std::string& name) {
     return schema::find(table)->columns.front();
 }
 
-fields::Words wordsFor(const std::string& column, const std::string& caption) {
-    return fields::wordsOf(table, column, QString::fromStdString(caption));
+fields::Words wordsFor(const std::string& column) {
+    return fields::wordsOf(table, column, captions::of(table, column));
 }
 
 fields::Where cellOf(const std::function<std::string()>& scenario, const std::string& column) {
@@ -54,7 +55,7 @@ QGroupBox* groupOf(Building& building, const Control& frame, QWidget& parent) {
     if (group == nullptr) {
         group = new QGroupBox(QString::fromStdString(frame.caption), &parent);
         auto* const rows = new QFormLayout(group);
-        rows->setContentsMargins(12, 28, 12, 12);
+        rows->setContentsMargins(10, 28, 10, 12);
         rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     }
     return group;
@@ -68,7 +69,7 @@ void place(Building& building, QGroupBox& group, const std::string& column, cons
     help->setWordWrap(true);
     help->setProperty("role", "help");
     if (captioned) {
-        if (qobject_cast<QLineEdit*>(field.widget) != nullptr) field.widget->setMaximumWidth(90);
+        if (qobject_cast<QLineEdit*>(field.widget) != nullptr) field.widget->setMaximumWidth(76);
         auto* const caption = new QLabel(words.name);
         caption->setBuddy(field.widget);
         rows->addRow(caption, field.widget);
@@ -82,27 +83,16 @@ void place(Building& building, QGroupBox& group, const std::string& column, cons
 void addFlags(Building& building, QWidget& parent) {
     for (const FlagColumn& flag : flagColumns()) {
         const Control& box = (Options.*flag.flag).box;
-        const fields::Words words = wordsFor(flag.column, box.caption);
+        const fields::Words words = wordsFor(flag.column);
         place(building, *groupOf(building, *box.parent, parent), flag.column, words,
               fields::tick(cellOf(building.scenario, flag.column), words), false);
     }
 }
 
-/// The caption that stands left of a box of the dialog.
-std::string captionBeside(const Control& box) {
-    for (const Control* control :
-         {&frmOptions.lblInitScore, &frmOptions.lblTestBuffer, &frmOptions.lblBeliefBuffer,
-          &frmOptions.lblTestCost, &frmOptions.lblBeliefCost, &frmOptions.lblHealAward}) {
-        if (control->place.top > box.place.top && control->place.top < box.place.top + box.place.height)
-            return control->caption;
-    }
-    return box.name;
-}
-
 void addTexts(Building& building, QWidget& parent) {
     for (const TextColumn& text : textColumns()) {
         const Control& box = (Options.*text.field).box;
-        const fields::Words words = wordsFor(text.column, captionBeside(box));
+        const fields::Words words = wordsFor(text.column);
         place(building, *groupOf(building, *box.parent, parent), text.column, words,
               fields::line(cellOf(building.scenario, text.column), words), true);
     }
@@ -110,21 +100,14 @@ void addTexts(Building& building, QWidget& parent) {
 
 void addTime(Building& building, QWidget& parent) {
     QGroupBox& group = *groupOf(building, frmOptions.fraTime, parent);
-    struct Meter {
-        const char* column;
-        const Control& title;
-    };
-    for (const Meter& meter :
-         {Meter{"Time", frmOptions.lblLengthTitle}, {"SimRate", frmOptions.lblRateTitle}}) {
-        const fields::Words words = wordsFor(meter.column, meter.title.caption);
-        const schema::Column& column = columnOf(meter.column);
-        place(building, group, meter.column, words,
-              fields::slider(cellOf(building.scenario, meter.column), words, *column.least, *column.most),
-              true);
+    for (const char* meter : {"Time", "SimRate"}) {
+        const fields::Words words = wordsFor(meter);
+        const schema::Column& column = columnOf(meter);
+        place(building, group, meter, words,
+              fields::slider(cellOf(building.scenario, meter), words, *column.least, *column.most), true);
     }
-    for (const auto& [column, caption] :
-         {std::pair("StartHour", "Starting Time, hour"), std::pair("StartMin", "Starting Time, minute")}) {
-        const fields::Words words = wordsFor(column, caption);
+    for (const char* column : {"StartHour", "StartMin"}) {
+        const fields::Words words = wordsFor(column);
         place(building, group, column, words, fields::line(cellOf(building.scenario, column), words), true);
     }
 }
@@ -132,19 +115,18 @@ void addTime(Building& building, QWidget& parent) {
 /// One column for what the dialog has as two boxes that exclude each other.
 void addProperty(Building& building, QWidget& parent) {
     QGroupBox& group = *groupOf(building, frmOptions.fraExperimentDepth, parent);
-    const fields::Words words = wordsFor(
-        "TreatmentProperty", frmOptions.chkOneTreatment.caption + ", or " + frmOptions.chkRisk.caption);
+    const fields::Words words = wordsFor("TreatmentProperty");
     place(building, group, "TreatmentProperty", words,
-          fields::choice(cellOf(building.scenario, "TreatmentProperty"), words,
-                         [] {
-                             return QStringList{"1", "0", "-1"};
-                         }),
+          fields::named(cellOf(building.scenario, "TreatmentProperty"), words,
+                        {{"1", QString::fromStdString(frmOptions.chkOneTreatment.caption)},
+                         {"0", "Neither"},
+                         {"-1", QString::fromStdString(frmOptions.chkRisk.caption)}}),
           true);
 }
 
 void addTests(Building& building, QWidget& parent) {
     QGroupBox& group = *groupOf(building, frmOptions.fraPatients, parent);
-    const fields::Words words = wordsFor("TestLengthSetting", "Lengths of the tests");
+    const fields::Words words = wordsFor("TestLengthSetting");
     place(building, group, "TestLengthSetting", words,
           fields::choice(cellOf(building.scenario, "TestLengthSetting"), words,
                          [] {

@@ -31,8 +31,7 @@ Page make(const Doors& doors) {
     auto* const title = new QLabel("<h1>A study is one folder</h1>");
     auto* const text = new QLabel(
         "In it stand the program, the store with the tables of the experiment and all results, and the "
-        "pictures "
-        "and introductions of the patients.");
+        "pictures and introductions of the patients.");
     auto* const recent = new QListWidget;
     text->setWordWrap(true);
     column->setContentsMargins(48, 48, 48, 48);
@@ -51,9 +50,11 @@ Page make(const Doors& doors) {
     button("New empty study…", "One scenario of two diseases, a symptom and a treatment.",
            [=] { doors.make(false); });
     button("Open a study…", "The folder of a study.", doors.choose);
-    column->addWidget(new QLabel("<b>Opened last</b>"));
+    auto* const before = new QLabel("<b>Opened last</b>");
+    column->addWidget(before);
     recent->setAccessibleName("Studies opened last");
     column->addWidget(recent, 1);
+    column->addStretch();
     QObject::connect(recent, &QListWidget::itemActivated, recent,
                      [=](const QListWidgetItem* item) { doors.open(item->text()); });
     QObject::connect(recent, &QListWidget::itemClicked, recent,
@@ -63,6 +64,8 @@ Page make(const Doors& doors) {
         for (const QString& folder : kept()) {
             if (QFileInfo::exists(folder + "/data/TavixData.mdb")) recent->addItem(folder);
         }
+        for (QWidget* part : {static_cast<QWidget*>(before), static_cast<QWidget*>(recent)})
+            part->setVisible(recent->count() > 0);
     };
     refresh();
     return {whole, refresh, [](const check::Finding&) { return false; }};

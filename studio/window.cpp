@@ -16,7 +16,6 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
@@ -24,7 +23,7 @@
 #include <utility>
 
 #include "qt/eventHook.h"
-#include "store/layer/schema.h"
+#include "studio/contents.h"
 #include "studio/fields.h"
 #include "studio/findingsPanel.h"
 #include "studio/handOver.h"
@@ -37,23 +36,18 @@
 #include "studio/scenarioPage.h"
 #include "studio/sheet.h"
 #include "studio/startPage.h"
+#include "studio/tableFiles.h"
 #include "studio/tablePage.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
-#include "study/bookTables.h"
 #include "study/check.h"
 
 namespace window {
 
+using contents::Entry;
+using contents::Kind;
+
 namespace {
-
-enum class Kind { Start, Scenario, Patients, Words, Tests, Table, Results };
-
-/// What the tree has chosen.
-struct Chosen {
-    Kind kind = Kind::Start;
-    std::string name = {};
-};
 
 struct Window {
     QMainWindow* main;
@@ -63,15 +57,13 @@ struct Window {
     QAction* undo;
     QAction* redo;
     QAction* save;
+    QAction* add;
     QAction* play;
     QAction* session;
     std::vector<QAction*> tables;  ///< out and in
     QTimer* draftTimer;
     findingsPanel::Panel findings;
     std::vector<std::pair<Kind, Page>> pages;
-    Chosen chosen;
-    std::vector<std::string> scenarios;  ///< as the tree lists them
-    std::vector<std::string> lists;      ///< of lengths of tests
 };
 
 Window w;
@@ -84,91 +76,13 @@ Page& pageOf(Kind kind) {
 }
 
 void showChosen() {
-    Page& page = pageOf(w.chosen.kind);
+    Page& page = pageOf(contents::chosen().kind);
     w.stack->setCurrentWidget(page.widget);
     page.refresh();
 }
 
-void entry(QTreeWidgetItem* parent, const QString& text, const Chosen& chosen) {
-    auto* const item =
-        parent == nullptr ? new QTreeWidgetItem(w.tree, {text}) : new QTreeWidgetItem(parent, {text});
-    item->setData(0, Qt::UserRole, static_cast<int>(chosen.kind));
-    item->setData(0, Qt::UserRole + 1, QString::fromStdString(chosen.name));
-}
-
-std::optional<Chosen> chosenAt(const QTreeWidgetItem* item) {
-    if (item == nullptr || !item->data(0, Qt::UserRole).isValid()) return {};
-    return Chosen{static_cast<Kind>(item->data(0, Qt::UserRole).toInt()),
-                  item->data(0, Qt::UserRole + 1).toString().toStdString()};
-}
-
-QTreeWidgetItem* heading(const QString& text) {
-    auto* const item = new QTreeWidgetItem(w.tree, {text});
-    item->setFlags(Qt::ItemIsEnabled);
-    return item;
-}
-
-void markChosen() {
-    for (QTreeWidgetItemIterator item(w.tree); *item != nullptr; ++item) {
-        const std::optional<Chosen> its = chosenAt(*item);
-        if (!its || its->kind != w.chosen.kind || !check::sameName(its->name, w.chosen.name)) continue;
-        if (*item != w.tree->currentItem()) w.tree->setCurrentItem(*item);
-        return;
-    }
-}
-
-/// What has not changed stays, with what is folded up and how far it is scrolled.
-void fillTree() {
-    const QSignalBlocker quiet(w.tree);
-    if (!workspace::isOpen()) return w.tree->clear();
-    const std::vector<std::string> names = bookScenarios::namesOf(workspace::book());
-    const std::vector<std::string> lists = bookScenarios::testLists(workspace::book());
-    if (w.tree->topLevelItemCount() > 0 && names == w.scenarios && lists == w.lists) return markChosen();
-    w.scenarios = names;
-    w.lists = lists;
-    w.tree->clear();
-    QTreeWidgetItem* const scenarios = heading("Scenarios");
-    for (const std::string& name : names)
-        entry(scenarios, QString::fromStdString(name), {Kind::Scenario, name});
-    entry(nullptr, "Patients", {Kind::Patients});
-    entry(nullptr, "Words", {Kind::Words});
-    QTreeWidgetItem* const tests = heading("Lengths of tests");
-    for (const std::string& list : lists) entry(tests, QString::fromStdString(list), {Kind::Tests, list});
-    entry(nullptr, "Results", {Kind::Results});
-    if (w.chosen.kind == Kind::Table)
-        entry(nullptr, "Table " + QString::fromStdString(w.chosen.name), w.chosen);
-    w.tree->expandAll();
-    markChosen();
-}
-
-/// A scenario or list that is gone gives way to what stands in its place now: the same one, where only its
-/// name was changed by an undo.
-void mendChoice() {
-    if (!workspace::isOpen()) return;
-    const auto has = [](const std::vector<std::string>& names) {
-        return std::ranges::any_of(names,
-                                   [](const auto& name) { return check::sameName(name, w.chosen.name); });
-    };
-    const std::vector<std::string> scenarios = bookScenarios::namesOf(workspace::book());
-    const bool lost = (w.chosen.kind == Kind::Scenario && !has(scenarios)) ||
-                      (w.chosen.kind == Kind::Tests && !has(bookScenarios::testLists(workspace::book()))) ||
-                      w.chosen.kind == Kind::Start;
-    if (!lost) return;
-    const bool isList = w.chosen.kind == Kind::Tests;
-    const std::vector<std::string>& before = isList ? w.lists : w.scenarios;
-    const std::vector<std::string> now = isList ? bookScenarios::testLists(workspace::book()) : scenarios;
-    const auto was = std::ranges::find_if(
-        before, [](const std::string& name) { return check::sameName(name, w.chosen.name); });
-    const auto at = was == before.end() ? 0 : static_cast<std::size_t>(was - before.begin());
-    if (!now.empty())
-        w.chosen = {isList ? Kind::Tests : Kind::Scenario, now[std::min(at, now.size() - 1)]};
-    else
-        w.chosen = {Kind::Words};
-}
-
 void refresh() {
-    mendChoice();
-    fillTree();
+    contents::refresh();
     const bookHistory::History& history = workspace::history();
     const auto label = [](const char* verb, const std::vector<bookHistory::Step>& steps) {
         return steps.empty() ? QString(verb)
@@ -180,8 +94,7 @@ void refresh() {
     w.redo->setEnabled(!history.future.empty());
     const bool changed = workspace::isOpen() && bookHistory::isChanged(history);
     w.save->setEnabled(workspace::isOpen());  // what is being typed into a cell is no change yet
-    w.play->setEnabled(workspace::isOpen());
-    w.session->setEnabled(workspace::isOpen());
+    for (QAction* each : {w.add, w.play, w.session}) each->setEnabled(workspace::isOpen());
     for (QAction* each : w.tables) each->setEnabled(workspace::isOpen());
     w.main->setWindowModified(changed);
     w.main->setWindowTitle(workspace::isOpen()
@@ -189,45 +102,19 @@ void refresh() {
                                : QString("Tavix Studio"));
     w.findings.refresh();
     w.findings.widget->setVisible(workspace::isOpen());
-    w.tree->setVisible(workspace::isOpen());
     // Not begun anew with each key, or whoever types on would have no draft.
     if (!w.draftTimer->isActive()) w.draftTimer->start();
     showChosen();
 }
 
-/// Whether the table has a page of its own: those that are configured, which alone can be changed.
-bool isConfigured(const std::string& table) {
-    const schema::Table* known = schema::find(table);
-    return known != nullptr && known->kind == schema::Kind::Configuration;
-}
-
-/// The pages on which the cell may stand, the best first.
-std::vector<Chosen> placesOf(const check::Finding& finding) {
-    const auto nameAt = [&](const char* column) {
-        return book::sheetOf(workspace::book(), finding.table).text(finding.row - 1, column);
-    };
-    if (!isConfigured(finding.table)) return {{Kind::Results}};
-    std::vector<Chosen> places;
-    if (finding.table == "tblVocabulary") places.push_back({Kind::Words});
-    if (finding.table == "tblPatients") places.push_back({Kind::Patients});
-    if (finding.row == 0) {
-        if (places.empty()) places.push_back({Kind::Table, finding.table});
-        return places;
-    }
-    if (finding.table == "tblTests") places.push_back({Kind::Tests, nameAt("SETTING")});
-    const std::string scenario = nameAt("Setting");
-    if (finding.table != "tblTests" && !scenario.empty()) places.push_back({Kind::Scenario, scenario});
-    places.push_back({Kind::Table, finding.table});
-    return places;
-}
-
 /// Shows the first page that has the cell of the finding.
 void go(const check::Finding& finding) {
     const std::string told = check::lineOf(finding);
-    for (const Chosen& place : placesOf(finding)) {
-        w.chosen = place;
+    for (const Entry& place : contents::placesOf(finding)) {
+        contents::choose(place);
         refresh();
-        const bool stayed = w.chosen.kind == place.kind && check::sameName(w.chosen.name, place.name);
+        const bool stayed =
+            contents::chosen().kind == place.kind && check::sameName(contents::chosen().name, place.name);
         if (stayed && pageOf(place.kind).show(finding)) return;
     }
     // It belongs to no cell; what it says is the way to its remedy.
@@ -283,6 +170,17 @@ bool save() {
         if (pressed != 1) return false;
         outcome = workspace::save(true);
     }
+    if (outcome.elsewhere) {
+        const int pressed =
+            notices::ask("Somebody has changed this study since it was opened here, so nothing was saved.",
+                         listOf(outcome.problems) +
+                             "\n\nSaving replaces these tables by yours; theirs stay in the store "
+                             "under other names, as with every save.",
+                         {"Go back", "Save mine", "Go back"});
+        if (pressed != 1) return false;
+        workspace::takeAsSaved();
+        outcome = workspace::save(false);
+    }
     if (!outcome.problems.empty()) {
         notices::tell("Nothing was saved.",
                       listOf(outcome.problems) +
@@ -310,39 +208,6 @@ void startForSubject() {
     play::forSubject();
 }
 
-void tablesOut() {
-    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder for the tables as CSV");
-    if (folder.isEmpty()) return;
-    writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
-    if (outcome.taken) {
-        if (notices::ask("There are tables in this folder already.", folder,
-                         {"Write over them", "Go back"}) != 0)
-            return;
-        outcome = bookTables::write(workspace::book(), folder.toStdString(), true);
-    }
-    if (!outcome.problems.empty()) return notices::list("Nothing was written.", outcome.problems);
-    w.main->statusBar()->showMessage("The tables stand in " + folder, 8000);
-    if (!outcome.notes.empty())
-        notices::list("The tables were written. What the files cannot give back:", outcome.notes);
-}
-
-void tablesIn() {
-    const QString folder = QFileDialog::getExistingDirectory(w.main, "Folder with tables as CSV");
-    if (folder.isEmpty()) return;
-    bookTables::Taken taken;
-    workspace::edit("Tables from CSV", [&](book::Book& book) {
-        taken = bookTables::take(book, folder.toStdString());
-        return std::string(taken.problems.empty() ? "" : "cannot be taken");
-    });
-    if (!taken.problems.empty())
-        return notices::list("The tables were not taken; the study is as it was.", taken.problems);
-    QStringList tables;
-    for (const std::string& table : taken.tables) tables << QString::fromStdString(table);
-    w.main->statusBar()->showMessage(
-        tables.empty() ? "The tables were the same already." : "Taken: " + tables.join(", "), 8000);
-    if (!taken.notes.empty()) notices::list("The tables were taken. Left out:", taken.notes);
-}
-
 /// Whether what is open may be left; asks if it is not saved, or something is made of it.
 bool mayLeave() {
     settle();
@@ -363,7 +228,7 @@ bool mayLeave() {
 
 void opened() {
     startPage::remember(QString::fromStdString(workspace::folder()));
-    w.chosen = {};
+    contents::choose(Entry{});
     if (workspace::hasDraft()) {
         w.draftTimer->stop();  // what is kept next would take the place of what is offered
         const int pressed =
@@ -411,7 +276,7 @@ void makeStudy(bool ofSample) {
 void addScenario() {
     const std::string name = bookScenarios::freeName(workspace::book(), "New scenario");
     workspace::change("Add a scenario", [&](book::Book& book) { bookScenarios::add(book, name); });
-    w.chosen = {Kind::Scenario, name};
+    contents::choose({Kind::Scenario, name});
     refresh();
 }
 
@@ -434,8 +299,8 @@ void buildMenus() {
     action(file, "Open…", QKeySequence::Open, chooseStudy);
     w.save = action(file, "Save", QKeySequence::Save, save);
     file->addSeparator();
-    w.tables = {action(file, "Tables &as CSV…", {}, tablesOut),
-                action(file, "Tables &from CSV…", {}, tablesIn)};
+    w.tables = {action(file, "Tables &as CSV…", {}, [] { tableFiles::write(*w.main); }),
+                action(file, "Tables &from CSV…", {}, [] { tableFiles::take(*w.main); })};
     file->addSeparator();
     action(file, "Quit", QKeySequence::Quit, [] { w.main->close(); });
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
@@ -445,26 +310,25 @@ void buildMenus() {
     if (const QKeySequence usual(Qt::CTRL | Qt::Key_Y); !again.contains(usual)) again << usual;
     w.redo->setShortcuts(again);
     edit->addSeparator();
-    action(edit, "Add a scenario", {}, [] {
-        if (workspace::isOpen()) addScenario();
-    });
+    w.add = action(edit, "Add a scenario", {}, addScenario);
     QMenu* const run = w.main->menuBar()->addMenu("&Try");
-    w.play = action(run, "Play", QKeySequence(Qt::Key_F5),
-                    [] { play::start(w.chosen.kind == Kind::Scenario ? w.chosen.name : std::string()); });
+    w.play = action(run, "Play", QKeySequence(Qt::Key_F5), [] {
+        play::start(contents::chosen().kind == Kind::Scenario ? contents::chosen().name : std::string());
+    });
     w.session = action(run, "Start for a subject", {}, startForSubject);
     w.play->setToolTip("Starts the program on a copy of the study (F5). What it writes is thrown away.");
     auto* const bar = w.main->addToolBar("Study");
     bar->setMovable(false);
-    bar->addActions({w.save, w.undo, w.redo, edit->actions().back(), w.play});
+    bar->addActions({w.save, w.undo, w.redo, w.add, w.play});
 }
 
 void buildPages() {
-    const auto name = [] { return w.chosen.name; };
+    const auto name = [] { return contents::chosen().name; };
     w.pages.emplace_back(Kind::Start, startPage::make({makeStudy, chooseStudy, [](const QString& folder) {
                                                            if (mayLeave()) open(folder.toStdString());
                                                        }}));
     w.pages.emplace_back(Kind::Scenario, scenarioPage::make(name, [](const std::string& scenario) {
-                             w.chosen = {Kind::Scenario, scenario};
+                             contents::choose({Kind::Scenario, scenario});
                              refresh();
                          }));
     w.pages.emplace_back(Kind::Patients, patientsPage::make());
@@ -478,8 +342,6 @@ void buildPages() {
 void buildFrame() {
     auto* const across = new QSplitter(Qt::Horizontal);
     auto* const down = new QSplitter(Qt::Vertical);
-    w.tree->setHeaderHidden(true);
-    w.tree->setAccessibleName("What the study consists of");
     across->addWidget(w.tree);
     across->addWidget(w.stack);
     across->setStretchFactor(1, 1);
@@ -505,7 +367,10 @@ void open(const std::string& folder) {
 void show() {
     w.main = new QMainWindow;
     w.main->setStyleSheet(sheet::text());
-    w.tree = new QTreeWidget;
+    w.tree = contents::make([] {
+        fields::tellProblem({});
+        showChosen();
+    });
     w.stack = new QStackedWidget;
     w.problem = new QLabel;
     w.draftTimer = new QTimer(w.main);
@@ -521,14 +386,6 @@ void show() {
     buildMenus();
     buildPages();
     buildFrame();
-    QObject::connect(w.tree, &QTreeWidget::currentItemChanged, w.main,
-                     safely([](QTreeWidgetItem* item, QTreeWidgetItem*) {
-                         const std::optional<Chosen> chosen = chosenAt(item);
-                         if (!chosen) return;
-                         w.chosen = *chosen;
-                         fields::tellProblem({});
-                         showChosen();
-                     }));
     hookEvents(w.main, [](QEvent* event) {
         if (event->type() != QEvent::Close || mayLeave()) return false;
         event->ignore();

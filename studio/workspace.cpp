@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <QLockFile>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -46,8 +47,21 @@ std::vector<std::function<void()>> listeners;
 std::string storeIn(const std::string& folder) { return folder + "/data/TavixData.mdb"; }
 
 /// One folder for each study, by its place.
-std::string draftFolder() {
-    return fmt::format("{}/{:016x}", draftRoot, std::hash<std::string>{}(state.folder));
+std::string draftFolder(const std::string& folder = state.folder) {
+    return fmt::format("{}/{:016x}", draftRoot, std::hash<std::string>{}(folder));
+}
+
+/// Takes the study of this folder for this window; false while another window has it, for two of them would
+/// write one draft.
+bool takeTurn(const std::string& folder) {
+    static std::unique_ptr<QLockFile> held;
+    if (folder == state.folder && held) return true;
+    fs::create_directories(draftRoot);
+    auto lock = std::make_unique<QLockFile>(QString::fromStdString(draftFolder(folder) + ".lock"));
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock() && lock->error() == QLockFile::LockFailedError) return false;
+    held = std::move(lock);
+    return true;
 }
 
 void tell() {
@@ -128,6 +142,8 @@ std::string open(const std::string& place) {
             background::await("Another program holds the store. It is opened as soon as that one lets it go.",
                               [opened, store] { *opened = book::open(store); });
         if (!waited) return fmt::format("{} is in use by another program.", store);
+        if (!takeTurn(folder.string()))
+            return fmt::format("{} stands open in another window of this program.", folder.string());
         start(folder.string(), std::move(*opened));
     } catch (const std::exception& error) {
         return error.what();
@@ -215,11 +231,10 @@ void keepDraft() {
 
 updateStore::Outcome save(bool closed) {
     std::error_code failed;
-    if (!fs::exists(store(), failed))
-        return {{fmt::format("{} is no longer there.", store())}, false, {}, {}, {}};
+    if (!fs::exists(store(), failed)) return {.problems = {fmt::format("{} is no longer there.", store())}};
     const Files replaced = putReplacedAside();
     const auto turn = background::turn(patience);
-    if (!turn) return {{"The results are being read just now. Save in a moment."}, false, {}, {}, {}};
+    if (!turn) return {.problems = {"The results are being read just now. Save in a moment."}};
     updateStore::Outcome outcome =
         bookStore::save({store(), state.folder}, state.history.saved, state.history.now, {.closed = closed});
     if (!outcome.problems.empty()) return outcome;
@@ -230,6 +245,11 @@ updateStore::Outcome save(bool closed) {
     }
     tell();
     return outcome;
+}
+
+void takeAsSaved() {
+    state.history.saved = book::open(store());
+    tell();
 }
 
 std::string rehearsal(const Part& part) {

@@ -57,6 +57,9 @@ void keepDraft();
 /// Saves. `closed` says that no session is at work, whatever young rows tell.
 updateStore::Outcome save(bool closed);
 
+/// The tables that somebody else has put into the store since it was opened are what the next save replaces.
+void takeAsSaved();
+
 /// What of the study is to be played.
 struct Part {
     std::string scenario;            ///< alone if it is named

@@ -50,6 +50,16 @@ double numberAt(const Book& book, const Place& place) {
     return numberText::toNumber(book::sheetOf(book, place.table).text(place.row, place.column));
 }
 
+/// A first test that tells something, and a treatment that is better against one disease than the other.
+void tellApart(Book& book, const Parts& parts) {
+    for (const auto& [disease, chance] : {std::pair(0, 80), std::pair(1, 20)}) {
+        for (const int row : parts.symptoms)
+            set(book, {"tblDiseaseSymptom", row, diseaseColumn(disease)}, whole(chance));
+        for (const int row : parts.treatments)
+            set(book, {"tblTreatments", row, diseaseColumn(disease, "+")}, whole(chance));
+    }
+}
+
 }  // namespace
 
 Parts partsOf(const Book& book, const std::string& scenario) {
@@ -69,8 +79,8 @@ Parts partsOf(const Book& book, const std::string& scenario) {
 
 engine::Value startOf(const schema::Column& column) {
     static const std::map<std::string_view, int> numbers{
-        {"Time", 4},           {"SimRate", 4},     {"StartHour", 1},        {"StartMin", 0},
-        {"InitScore", 2000},   {"TestBuffer", 0},  {"BeliefBuffer", 0},     {"TestCost", 25},
+        {"Time", 3},           {"SimRate", 2},     {"StartHour", 1},        {"StartMin", 0},
+        {"InitScore", 2000},   {"TestBuffer", 0},  {"BeliefBuffer", 0},     {"TestCost", 5},
         {"MaxBeliefCost", 50}, {"HealAward", 100}, {"TreatmentProperty", 1}};
     static constexpr std::array on{"ViewBaseRates", "ViewSymptomDisease", "ViewTreatmentDisease",
                                    "DoTreatments",  "FeedbackDiseaseP",   "FeedbackTestsResults",
@@ -148,6 +158,7 @@ void add(Book& book, const std::string& name) {
     for (const char* disease : {"D1", "D2"}) set(book, {"tblBaseRates", rates, disease}, whole(50));
     addSymptom(book, name);
     addTreatment(book, name);
+    tellApart(book, partsOf(book, name));
     addWords(book, "Disease", 2);
 }
 

@@ -99,11 +99,17 @@ updateStore::Outcome save(const Target& target, const book::Book& opened, const 
                 outcome.problems.push_back(std::move(problem));
         } else {
             const readTables::Tables tables = tablesOf(opened, now, false);
+            bool elsewhere = false;
             if (!tables.contents.empty())
                 outcome = updateStore::replace(
                     target.file, tables,
-                    [&](engine::Connection& database) { return changedSince(database, opened, tables); },
+                    [&](engine::Connection& database) {
+                        std::vector<std::string> changed = changedSince(database, opened, tables);
+                        elsewhere = !changed.empty();
+                        return changed;
+                    },
                     wish);
+            outcome.elsewhere = elsewhere;
         }
         if (!outcome.problems.empty() || wish.dryRun) return outcome;
         for (const Staged& file : staged) {

@@ -8,6 +8,7 @@
 #include "platform/numberText.h"
 #include "platform/text.h"
 #include "store/layer/schema.h"
+#include "study/bookPeople.h"
 #include "study/bookScenarios.h"
 #include "study/limits.h"
 #include "study/readStore.h"
@@ -62,6 +63,11 @@ std::optional<Remedy> missingColumn(const Spot& at) {
 std::optional<Remedy> noScenario(const Spot& at) {
     if (at.sheet.name != "tblAppDefault" || at.sheet.size() > 0) return {};
     return Remedy{"Add a scenario", [](Book& book) { bookScenarios::add(book, "My scenario"); }};
+}
+
+std::optional<Remedy> noPatient(const Spot& at) {
+    if (at.sheet.name != "tblPatients" || at.sheet.size() > 0 || at.row >= 0) return {};
+    return Remedy{"Add a person", [](Book& book) { bookPeople::add(book, 0); }};
 }
 
 std::optional<Remedy> missingRates(const Spot& at) {
@@ -191,8 +197,8 @@ std::optional<Remedy> of(const Book& book, const check::Finding& finding) {
         return added ? added : missingColumn(at);
     }
     if (at.row >= at.sheet.size()) return {};
-    for (const auto& remedy : {missingTable, missingColumn, noScenario, missingRates, missingRows, sumOfRates,
-                               counts, strangers, words, lengths, flags}) {
+    for (const auto& remedy : {missingTable, missingColumn, noScenario, noPatient, missingRates, missingRows,
+                               sumOfRates, counts, strangers, words, lengths, flags}) {
         if (std::optional<Remedy> found = remedy(at)) return found;
     }
     return {};

@@ -107,7 +107,7 @@ Outcome replace(const std::string& file, const readTables::Tables& tables, const
 
 Outcome update(const std::string& file, const std::string& folder, Wish wish) {
     const readTables::Tables files = filesOf(folder);
-    if (!files.problems.empty()) return {files.problems, false, files.notes, {}, {}};
+    if (!files.problems.empty()) return {.problems = files.problems, .notes = files.notes};
     return replace(
         file, files, [&](engine::Connection& database) { return problemsWithTheRest(database, files); },
         wish);

@@ -15,11 +15,12 @@ struct Wish {
 };
 
 struct Outcome {
-    std::vector<std::string> problems;  ///< why nothing was changed
-    bool inUse = false;                 ///< for one thing, because a session may be at work
-    std::vector<std::string> notes;     ///< what was left out of the files
-    std::vector<std::string> done;      ///< a line for each table
-    std::vector<std::string> misfits;   ///< subjects whose stored words do not fit the tables in force
+    std::vector<std::string> problems = {};  ///< why nothing was changed
+    bool inUse = false;                      ///< for one thing, because a session may be at work
+    bool elsewhere = false;                  ///< or because the tables are no longer those that were opened
+    std::vector<std::string> notes = {};     ///< what was left out of the files
+    std::vector<std::string> done = {};      ///< a line for each table
+    std::vector<std::string> misfits = {};   ///< subjects whose stored words do not fit the tables in force
 };
 
 /// The CSV files of a folder that can replace tables: no results among them, and at least one.

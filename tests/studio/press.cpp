@@ -119,8 +119,10 @@ void anyKey() {
     key(anyOf(keys), onceIn(8) ? Qt::ShiftModifier : Qt::NoModifier);
 }
 
-/// "Play" and the browser are other programs.
-bool isLeftAlone(const QString& text) { return text == "Play" || text.startsWith("Report"); }
+/// "Play", the start for a subject and the browser are other programs.
+bool isLeftAlone(const QString& text) {
+    return text == "Play" || text == "Start for a subject" || text.startsWith("Report");
+}
 
 /// Answers whatever holds the window up. A box that comes of the answer is answered too.
 void answer() {
@@ -137,7 +139,8 @@ void answer() {
         if (message->text() == "That could not be done.") complain(message->informativeText().toStdString());
         if (button->text() == "Take them up") QTest::qWait(500);  // while drafts are kept
         takenUp |= button->text() == "Take them up";
-        if (button->text() == "Save" || button->text().endsWith(": save")) saved = true;
+        if (button->text() == "Save" || button->text().endsWith(": save") || button->text() == "Save mine")
+            saved = true;
         return button->click();
     }
     if (auto* const input = qobject_cast<QInputDialog*>(box)) {

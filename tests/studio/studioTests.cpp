@@ -111,6 +111,20 @@ TEST(Studio, WhatIsTypedIsSavedAndNothingElse) {
     EXPECT_EQ(rate->text(), "4");
 }
 
+TEST(Studio, TablesThatWereChangedElsewhereAreReplacedOnlyWhenOneSaysSo) {
+    const studioDesk::OwnStudy study;
+    studioDesk::open(study);
+    workspace::change("a score", [](book::Book& book) {
+        book::set(book, {"tblAppDefault", 1, "InitScore"}, std::string("7"));
+    });
+    study.change("UPDATE tblAppDefault SET InitScore = '8'");
+    EXPECT_TRUE(workspace::save(false).elsewhere);
+    EXPECT_EQ(study.rows("SELECT DISTINCT InitScore FROM tblAppDefault"), "8");
+    workspace::takeAsSaved();
+    EXPECT_TRUE(workspace::save(false).problems.empty());
+    EXPECT_EQ(study.rows("SELECT InitScore FROM tblAppDefault WHERE InitScore = '7'"), "7");
+}
+
 TEST(Studio, AFindingLeadsToItsCellAndItsRemedyMendsIt) {
     const studioDesk::OwnStudy study;
     study.change("UPDATE tblBaseRates SET D2 = 29 WHERE Setting = 'Four'");
@@ -123,16 +137,16 @@ TEST(Studio, AFindingLeadsToItsCellAndItsRemedyMendsIt) {
         ASSERT_EQ(found.size(), 1) << where;
         emit findings->itemActivated(found.front(), 0);
     };
-    open("tblTests, row 4, Length");
+    open("slow: length 1, Length");
     auto* const lengths = dynamic_cast<QTableWidget*>(QApplication::focusWidget());
     ASSERT_NE(lengths, nullptr);
     EXPECT_EQ(lengths->currentItem()->text(), "-5");
-    open("tblBaseRates, row 1");
+    open("Four: base rates");
     EXPECT_EQ(studioDesk::tree().currentItem()->text(0), "Four");
     EXPECT_EQ(QApplication::focusWidget(), named<QTableWidget>("Base rates"));
     for (QPushButton* remedy : findings->findChildren<QPushButton*>()) remedy->click();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(findings->findItems("tblBaseRates", Qt::MatchStartsWith, 1).isEmpty());
+    EXPECT_TRUE(findings->findItems("Four: base rates", Qt::MatchStartsWith, 1).isEmpty());
     EXPECT_EQ(cell("tblBaseRates", 0, "D1"), "41");
 }
 

@@ -1,0 +1,45 @@
+#include "studio/tableFiles.h"
+
+#include <QFileDialog>
+#include <QStatusBar>
+
+#include "studio/notices.h"
+#include "studio/workspace.h"
+#include "study/bookTables.h"
+
+namespace tableFiles {
+
+void write(QMainWindow& window) {
+    const QString folder = QFileDialog::getExistingDirectory(&window, "Folder for the tables as CSV");
+    if (folder.isEmpty()) return;
+    writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
+    if (outcome.taken) {
+        if (notices::ask("There are tables in this folder already.", folder,
+                         {"Write over them", "Go back"}) != 0)
+            return;
+        outcome = bookTables::write(workspace::book(), folder.toStdString(), true);
+    }
+    if (!outcome.problems.empty()) return notices::list("Nothing was written.", outcome.problems);
+    window.statusBar()->showMessage("The tables stand in " + folder, 8000);
+    if (!outcome.notes.empty())
+        notices::list("The tables were written. What the files cannot give back:", outcome.notes);
+}
+
+void take(QMainWindow& window) {
+    const QString folder = QFileDialog::getExistingDirectory(&window, "Folder with tables as CSV");
+    if (folder.isEmpty()) return;
+    bookTables::Taken taken;
+    workspace::edit("Tables from CSV", [&](book::Book& book) {
+        taken = bookTables::take(book, folder.toStdString());
+        return std::string(taken.problems.empty() ? "" : "cannot be taken");
+    });
+    if (!taken.problems.empty())
+        return notices::list("The tables were not taken; the study is as it was.", taken.problems);
+    QStringList tables;
+    for (const std::string& table : taken.tables) tables << QString::fromStdString(table);
+    window.statusBar()->showMessage(
+        tables.empty() ? "The tables were the same already." : "Taken: " + tables.join(", "), 8000);
+    if (!taken.notes.empty()) notices::list("The tables were taken. Left out:", taken.notes);
+}
+
+}  // namespace tableFiles
