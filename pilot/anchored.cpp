@@ -34,9 +34,7 @@ Mind anchored(const Briefing& briefing) {
                    },
                .treatment =
                    [=](const Results& results) {
-                       const auto best =
-                           inference::bestTreatment(task, tables, adjusted(tables, share, results));
-                       return best.heal > best.harm ? best.treatment : -1;
+                       return inference::treatmentThatHelps(task, tables, adjusted(tables, share, results));
                    }});
 }
 

@@ -21,9 +21,8 @@ Mind bayes(const Briefing& briefing) {
                    },
                .treatment =
                    [=](const Results& results) {
-                       const auto best =
-                           inference::bestTreatment(task, tables, inference::posterior(tables, results));
-                       return best.heal > best.harm ? best.treatment : -1;
+                       return inference::treatmentThatHelps(task, tables,
+                                                            inference::posterior(tables, results));
                    }});
 }
 

@@ -159,4 +159,9 @@ Choice bestTreatment(const Task& task, const Tables& tables, std::span<const dou
     return best;
 }
 
+int treatmentThatHelps(const Task& task, const Tables& tables, std::span<const double> chances) {
+    const Choice best = bestTreatment(task, tables, chances);
+    return best.heal > best.harm ? best.treatment : -1;
+}
+
 }  // namespace inference

@@ -52,4 +52,7 @@ struct Choice {
 /// harm weigh alike: neither moves the score but for the help that ends a patient, and there is no harm then.
 Choice bestTreatment(const Task& task, const Tables& tables, std::span<const double> chances);
 
+/// The same where it is likelier to heal than to harm; -1 where none is.
+int treatmentThatHelps(const Task& task, const Tables& tables, std::span<const double> chances);
+
 }  // namespace inference

@@ -103,7 +103,7 @@ void mendChoice() {
 /// Whether the table has a page of its own: those that are configured, which alone can be changed.
 bool isConfigured(const std::string& table) {
     const schema::Table* known = schema::find(table);
-    return known != nullptr && known->kind == schema::Kind::Configuration;
+    return known != nullptr && known->isConfiguration();
 }
 
 std::string cellOf(const check::Finding& finding, const char* column) {

@@ -40,10 +40,7 @@ Book ofTables(const std::string& folder) {
     if (!tables.problems.empty()) throw std::runtime_error(tables.problems.front());
     Book made = fresh();
     for (const auto& [name, content] : tables.contents) {
-        Sheet& sheet = change(made, name);
-        sheet.content = {{}, content.rows};
-        for (const schema::NamedColumn& column : content.columns)
-            sheet.content.columns.push_back(column.name);
+        putTable(made, name, content);
     }
     return made;
 }
@@ -71,6 +68,12 @@ Sheet& change(Book& book, std::string_view table) {
             own->content.columns.push_back(column.name);
     }
     return *own;
+}
+
+void putTable(Book& book, std::string_view table, const storeTable::Content& content) {
+    Sheet& sheet = change(book, table);
+    sheet.content = {{}, content.rows};
+    for (const schema::NamedColumn& column : content.columns) sheet.content.columns.push_back(column.name);
 }
 
 bool sameTable(const Sheet& a, const Sheet& b) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "study/checkStudy.h"
+#include "study/storeTable.h"
 
 namespace book {
 
@@ -42,6 +43,9 @@ const Sheet& sheetOf(const Book& book, std::string_view table);
 
 /// The table on its own, to be changed.
 Sheet& change(Book& book, std::string_view table);
+
+/// Puts other columns and rows in the place of the table's.
+void putTable(Book& book, std::string_view table, const storeTable::Content& content);
 
 /// Whether two states hold the same tables, value for value, and the same files.
 bool same(const Book& a, const Book& b);

@@ -22,8 +22,6 @@ struct Staged {
     fs::path place;
 };
 
-bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
-
 /// A column that is none of a study's goes along without a type, so that its values stay what they are.
 storeTable::Content contentOf(const schema::Table& table, const book::Sheet& sheet) {
     storeTable::Content content{{}, sheet.content.rows};
@@ -38,7 +36,7 @@ readTables::Tables tablesOf(const book::Book& opened, const book::Book& now, boo
     for (const schema::Table& table : schema::tables()) {
         const book::Sheet& sheet = book::sheetOf(now, table.name);
         if (!sheet.there) continue;
-        if (!isConfiguration(table)) {
+        if (!table.isConfiguration()) {
             const book::Sheet& was = book::sheetOf(opened, table.name);
             if (!all && was.content.columns != sheet.content.columns)
                 tables.contents[table.name] = {contentOf(table, sheet).columns, {}};
@@ -56,7 +54,7 @@ std::vector<std::string> changedSince(engine::Connection& database, const book::
                                       const readTables::Tables& tables) {
     std::vector<std::string> problems;
     for (const auto& [name, content] : tables.contents) {
-        if (!isConfiguration(*schema::find(name))) continue;
+        if (!schema::find(name)->isConfiguration()) continue;
         const book::Sheet& was = book::sheetOf(opened, name);
         const bool there = storeTable::exists(database, std::string(name));
         if (!there && !was.there) continue;

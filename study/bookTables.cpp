@@ -15,34 +15,6 @@ namespace {
 
 constexpr std::size_t mostRows = 10000;
 
-bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
-
-/// The columns that a study has; the names of the others go into `others`.
-storeTable::Content contentOf(const schema::Table& table, const book::Sheet& sheet,
-                              std::vector<std::string>& others) {
-    storeTable::Content content;
-    std::vector<std::size_t> places;
-    for (std::size_t i = 0; i < sheet.content.columns.size(); ++i) {
-        if (const auto column = schema::findColumn(table, sheet.content.columns[i])) {
-            content.columns.push_back(*column);
-            places.push_back(i);
-        } else {
-            others.push_back(sheet.content.columns[i]);
-        }
-    }
-    for (const auto& row : sheet.content.rows) {
-        std::vector<engine::Value>& copy = content.rows.emplace_back();
-        for (const std::size_t place : places) copy.push_back(row[place]);
-    }
-    return content;
-}
-
-void put(book::Book& book, const std::string& table, const storeTable::Content& content) {
-    book::Sheet& sheet = book::change(book, table);
-    sheet.content = {{}, content.rows};
-    for (const schema::NamedColumn& column : content.columns) sheet.content.columns.push_back(column.name);
-}
-
 }  // namespace
 
 writeTables::Outcome write(const book::Book& book, const std::string& folder, bool force) {
@@ -50,9 +22,9 @@ writeTables::Outcome write(const book::Book& book, const std::string& folder, bo
     std::vector<std::string> notes;
     for (const schema::Table& table : schema::tables()) {
         const book::Sheet& sheet = book::sheetOf(book, table.name);
-        if (!isConfiguration(table) || !sheet.there) continue;
+        if (!table.isConfiguration() || !sheet.there) continue;
         std::vector<std::string> others;
-        tables[sheet.name] = contentOf(table, sheet, others);
+        tables[sheet.name] = storeTable::of(table, sheet.content, others);
         for (const std::string& other : others)
             notes.push_back(
                 fmt::format("{}: column {} is none of a study's and is left out", table.name, other));
@@ -79,10 +51,10 @@ Taken take(book::Book& book, const std::string& folder) {
     for (const auto& [name, content] : files.contents) {
         const book::Sheet& sheet = book::sheetOf(book, name);
         std::vector<std::string> others;
-        if (sheet.there && writeTables::bytesOf(contentOf(*schema::find(name), sheet, others)) ==
+        if (sheet.there && writeTables::bytesOf(storeTable::of(*schema::find(name), sheet.content, others)) ==
                                writeTables::bytesOf(content))
             continue;
-        put(book, sheet.name, content);
+        book::putTable(book, sheet.name, content);
         taken.tables.emplace_back(name);
     }
     return taken;

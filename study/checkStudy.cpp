@@ -206,7 +206,7 @@ Sheets sheetsOf(const std::string& file) {
             return sameName(readStore::textOf(row[0]), table.name);
         });
         // Of the results only the subjects matter; the others can be large.
-        const bool whole = table.kind == schema::Kind::Configuration || table.name.starts_with("Subject");
+        const bool whole = table.isConfiguration() || table.name.starts_with("Subject");
         const char* rows = whole ? "" : " LIMIT 0";
         try {
             if (sheet.there)

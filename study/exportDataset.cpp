@@ -189,7 +189,7 @@ void writeMaterials(Export& all) {
         datasetFile::write(place.string(), writeTables::bytesOf(content));
     };
     for (const schema::Table& table : schema::tables()) {
-        if (table.kind == schema::Kind::Configuration)
+        if (table.isConfiguration())
             put(all.draft / "materials" / "tables" / fmt::format("{}.csv", table.name), table,
                 std::string(table.name));
     }

@@ -54,7 +54,7 @@ std::map<std::string, std::size_t> configurationOf(engine::Connection& database)
         const std::string name = readStore::textOf(row[0]);
         if (simulated::isMark(name)) continue;
         const schema::Table* known = schema::find(name);
-        if (known == nullptr || known->kind == schema::Kind::Configuration)
+        if (known == nullptr || known->isConfiguration())
             prints[known == nullptr ? name : std::string(known->name)] =
                 subjectRows::printOf(readStore::table(database, name));
     }

@@ -206,7 +206,7 @@ int columnsInUse(const Tables& tables, const std::string_view table) {
 void checkColumns(Tables& tables) {
     for (const schema::Table& table : schema::tables()) {
         const auto content = tables.contents.find(table.name);
-        if (table.kind != schema::Kind::Configuration || content == tables.contents.end()) continue;
+        if (!table.isConfiguration() || content == tables.contents.end()) continue;
         const int used = columnsInUse(tables, table.name);
         for (const schema::NamedColumn& column : schema::columnsOf(table, used)) {
             if (schema::seriesNumber(table, column.name) <= used && !has(content->second, column.name))
@@ -237,7 +237,7 @@ Tables read(const std::string& folder) {
     checkColumns(tables);
     if (!tables.problems.empty()) return tables;
     for (const schema::Table& table : schema::tables()) {
-        if (table.kind == schema::Kind::Configuration && !tables.contents.contains(table.name))
+        if (table.isConfiguration() && !tables.contents.contains(table.name))
             tables.problems.push_back(fmt::format("{}: the file {}.csv is missing", folder, table.name));
     }
     return tables;

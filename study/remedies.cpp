@@ -52,7 +52,7 @@ engine::Value valueFor(const schema::Table& table, const std::string& column) {
 std::optional<Remedy> missingColumn(const Spot& at) {
     if (!at.sheet.there || at.column.empty() || at.sheet.has(at.column)) return {};
     const schema::Table& table = *schema::find(at.sheet.name);
-    const int rows = table.kind == schema::Kind::Configuration ? at.sheet.size() : 0;
+    const int rows = table.isConfiguration() ? at.sheet.size() : 0;
     return Remedy{"Add the column", [&table, column = at.column, rows](Book& book) {
                       book::addColumn(book, table.name, column);
                       for (int row = 0; row < rows; ++row)
@@ -191,7 +191,7 @@ std::optional<Remedy> of(const Book& book, const check::Finding& finding) {
     if (sheet == book.sheets.end() || table == nullptr) return {};
     const Spot at{book, *sheet->second, finding.row - 1, finding.column};
     // The rows of results stay as they are; only what a session needs to write them can be added.
-    if (table->kind != schema::Kind::Configuration) {
+    if (!table->isConfiguration()) {
         if (at.row >= 0) return {};
         std::optional<Remedy> added = missingTable(at);
         return added ? added : missingColumn(at);

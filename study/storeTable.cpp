@@ -49,9 +49,7 @@ bool exists(engine::Connection& database, const std::string& name) {
                 .rows.empty();
 }
 
-Content read(engine::Connection& database, const schema::Table& table, const std::string& name,
-             std::vector<std::string>& others) {
-    engine::Rows all = readStore::table(database, name);
+Content of(const schema::Table& table, const engine::Rows& all, std::vector<std::string>& others) {
     Content content;
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < all.columns.size(); ++i) {
@@ -62,11 +60,16 @@ Content read(engine::Connection& database, const schema::Table& table, const std
             others.push_back(all.columns[i]);
         }
     }
-    for (std::vector<engine::Value>& row : all.rows) {
+    for (const std::vector<engine::Value>& row : all.rows) {
         std::vector<engine::Value>& copy = content.rows.emplace_back();
-        for (const std::size_t place : places) copy.push_back(std::move(row[place]));
+        for (const std::size_t place : places) copy.push_back(row[place]);
     }
     return content;
+}
+
+Content read(engine::Connection& database, const schema::Table& table, const std::string& name,
+             std::vector<std::string>& others) {
+    return of(table, readStore::table(database, name), others);
 }
 
 int columnOf(const Content& content, const std::string& name) {

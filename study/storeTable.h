@@ -27,8 +27,11 @@ void fill(engine::Connection& database, const schema::Table& table, const Conten
 
 bool exists(engine::Connection& database, const std::string& name);
 
-/// What stands in the table that the store has under `name`, laid out as `table`. Columns that the schema
-/// does not know are left out, and their names go into `others`.
+/// Rows laid out as `table`. Columns that the schema does not know are left out, and their names go into
+/// `others`.
+Content of(const schema::Table& table, const engine::Rows& all, std::vector<std::string>& others);
+
+/// The same of what stands in the table that the store has under `name`.
 Content read(engine::Connection& database, const schema::Table& table, const std::string& name,
              std::vector<std::string>& others);
 

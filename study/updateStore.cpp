@@ -15,8 +15,6 @@ namespace updateStore {
 
 namespace {
 
-bool isConfiguration(const schema::Table& table) { return table.kind == schema::Kind::Configuration; }
-
 storeTable::Content inForce(engine::Connection& database, const schema::Table& table) {
     std::vector<std::string> others;
     return storeTable::read(database, table, std::string(table.name), others);
@@ -25,7 +23,7 @@ storeTable::Content inForce(engine::Connection& database, const schema::Table& t
 /// The new tables have to fit those that stay.
 std::vector<std::string> problemsWithTheRest(engine::Connection& database, readTables::Tables files) {
     for (const schema::Table& table : schema::tables()) {
-        if (isConfiguration(table) && !files.contents.contains(table.name))
+        if (table.isConfiguration() && !files.contents.contains(table.name))
             files.contents[table.name] = inForce(database, table);
     }
     readTables::checkColumns(files);
@@ -37,7 +35,7 @@ std::string putIn(engine::Connection& database, const schema::Table& table, cons
     const std::string name(table.name);
     const storeTable::Content& content = files.contents.at(table.name);
     std::string kept;
-    if (!isConfiguration(table) && storeTable::exists(database, name)) {
+    if (!table.isConfiguration() && storeTable::exists(database, name)) {
         storeTable::widen(database, table, content);
         return name + ": columns that were missing are there";
     }
@@ -77,7 +75,7 @@ void change(engine::Connection& database, const readTables::Tables& files, const
 readTables::Tables filesOf(const std::string& folder) {
     readTables::Tables files = readTables::readFiles(folder);
     for (const auto& [name, content] : files.contents) {
-        if (!isConfiguration(*schema::find(name)))
+        if (!schema::find(name)->isConfiguration())
             files.problems.push_back(
                 fmt::format("{}.csv: results stay as they are; take the file away", name));
     }

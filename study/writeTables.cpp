@@ -53,7 +53,7 @@ Contents contentsOf(const std::string& file, const std::string& moment, Outcome&
     readStore::select(*database, "BEGIN");  // all tables as of one moment
     const std::vector<keptTables::Kept> kept = keptTables::list(*database);
     for (const schema::Table& table : schema::tables()) {
-        if (table.kind != schema::Kind::Configuration) continue;
+        if (!table.isConfiguration()) continue;
         const std::string name(table.name);
         const std::string source = moment.empty() ? name : keptTables::nameAt(kept, name, moment);
         std::vector<std::string> others;

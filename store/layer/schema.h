@@ -47,6 +47,8 @@ struct Table {
     std::vector<Column> columns;
     std::vector<Series> series;
     std::string_view lookup = {};  ///< the column by which the program looks rows up among ever more, if any
+
+    [[nodiscard]] bool isConfiguration() const { return kind == Kind::Configuration; }
 };
 
 /// All tables, configuration first.
