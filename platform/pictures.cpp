@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -59,20 +60,36 @@ std::optional<Stamp> stampOf(const std::string& path) {
     return Stamp{std::filesystem::last_write_time(path, failed), std::filesystem::file_size(path, failed)};
 }
 
+/// The pictures come again with every round of the roster and with every look at a study, and reading one
+/// takes milliseconds. What one thread has read is known to all.
+struct Known {
+    std::mutex turn;
+    std::unordered_map<std::string, Judged> judged;
+};
+
+Known known;
+
+std::optional<bool> remembered(const std::string& path, const Stamp& stamp) {
+    const std::lock_guard turn(known.turn);
+    const auto found = known.judged.find(path);
+    if (found == known.judged.end() || found->second.stamp != stamp) return {};
+    return found->second.whole;
+}
+
 }  // namespace
 
 void check(const std::string& path) {
-    // The pictures come again with every round of the roster and with every look at a study, and reading one
-    // takes milliseconds.
-    thread_local std::unordered_map<std::string, Judged> known;
     const std::optional<Stamp> stamp = stampOf(path);
     std::unique_ptr<std::FILE, Closer> file;
     if (stamp) file.reset(std::fopen(path.c_str(), "rb"));
     if (!file) raiseFault(FaultNumber::FileNotFound, path);
-    const auto before = known.find(path);
-    if (before == known.end() || before->second.stamp != *stamp)
-        known.insert_or_assign(path, Judged{*stamp, isWhole(file.get())});
-    if (!known.at(path).whole) raiseFault(FaultNumber::InvalidPicture, path);
+    std::optional<bool> whole = remembered(path, *stamp);
+    if (!whole) {
+        whole = isWhole(file.get());
+        const std::lock_guard turn(known.turn);
+        known.judged.insert_or_assign(path, Judged{*stamp, *whole});
+    }
+    if (!*whole) raiseFault(FaultNumber::InvalidPicture, path);
 }
 
 }  // namespace pictures

@@ -138,10 +138,15 @@ std::string open(const std::string& place) {
     try {
         const auto opened = std::make_shared<book::Book>();
         const std::string store = storeIn(folder.string());
-        const bool waited =
-            background::await("Another program holds the store. It is opened as soon as that one lets it go.",
-                              [opened, store] { *opened = book::open(store); });
-        if (!waited) return fmt::format("{} is in use by another program.", store);
+        const bool waited = background::await(
+            "The study is being read. Where another program holds its store, it is opened as "
+            "soon as that one lets it go.",
+            [opened, store, place = folder.string()] {
+                *opened = book::open(store);
+                // Reads the pictures; what follows finds that they were judged.
+                check::look(book::studyOf(*opened, place));
+            });
+        if (!waited) return fmt::format("{} was not waited for.", store);
         if (!takeTurn(folder.string()))
             return fmt::format("{} stands open in another window of this program.", folder.string());
         start(folder.string(), std::move(*opened));
