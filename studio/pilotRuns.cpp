@@ -112,8 +112,10 @@ void run(const std::shared_ptr<State>& state, int subjects) {
     };
     state->process = onCopy::start({folder, QString::fromStdString(files::folderOfProgram() + "/tavix-pilot"),
                                     argumentsOf(state->wish, folder, output, subjects), ended});
-    QObject::connect(state->process, &QProcess::readyReadStandardError, state->process,
-                     [=] { hearProgress(*state); });
+    // One that was stopped may still say something before it ends.
+    QObject::connect(state->process, &QProcess::readyReadStandardError, state->process, [=] {
+        if (begun == state->begun) hearProgress(*state);
+    });
 }
 
 void start(const std::shared_ptr<State>& state, const Wish& wish) {
