@@ -5,9 +5,7 @@
 #include <QComboBox>
 #include <QCompleter>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPlainTextEdit>
-#include <QStyleOptionComboBox>
 #include <QTextCursor>
 #include <algorithm>
 #include <memory>
@@ -15,6 +13,7 @@
 
 #include "forms/lineBreaks.h"
 #include "forms/person.h"
+#include "qt/comboArrow.h"
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
@@ -168,33 +167,6 @@ void makeTable(QPlainTextEdit& area, const Control& control) {
     tableGrid::hookCells(area.viewport(), control);
 }
 
-/// The style sheet leaves the drop-down bare; its arrow is drawn here, sharp at every scale.
-void paintArrow(QWidget* area) {
-    QPainter painter(area);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(area->isEnabled() ? look::colours().text : look::colours().disabledText);
-    const QPointF middle = QRectF(area->rect()).center();
-    const double reach = area->height() / 7.0;
-    painter.drawPolygon(QPolygonF({middle + QPointF(-reach, -reach / 2), middle + QPointF(reach, -reach / 2),
-                                   middle + QPointF(0, reach * 0.8)}));
-}
-
-/// Where the text of a combo box stands; the arrow has what is right of it.
-QRect fieldOf(const QComboBox& box) {
-    QStyleOptionComboBox option;
-    option.initFrom(&box);
-    option.editable = true;
-    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
-}
-
-QWidget* makeArrow(QComboBox* box) {
-    auto* arrow = new QWidget(box);
-    arrow->setAttribute(Qt::WA_TransparentForMouseEvents);
-    hookPainting(arrow, paintArrow);
-    return arrow;
-}
-
 /// The arrow keys go on from the item that the text names; from a text that names none they begin at the
 /// first.
 void followText(QComboBox& box, const Control& control) {
@@ -230,7 +202,7 @@ void showItems(QComboBox& box, const Control& control) {
     for (const std::string& item : control.items) box.addItem(toQt(item));
     followText(box, control);
     constexpr int margins = 6;  // pixels of the line within, its cursor included
-    const QFont font = tableFont::ofChoices(control, fieldOf(box).width() - margins);
+    const QFont font = tableFont::ofChoices(control, comboArrow::fieldOf(box).width() - margins);
     box.setFont(font);
     box.lineEdit()->setFont(font);
     box.view()->setFont(font);
@@ -289,7 +261,7 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setCompleter(nullptr);  // a completion would be a change that nobody typed
     box->setMaxVisibleItems(12);
     box->setFocusPolicy(Qt::StrongFocus);  // the wheel alone gives no focus, and so chooses nothing
-    QWidget* arrow = makeArrow(box);
+    comboArrow::add(box);
     QLineEdit* edit = box->lineEdit();
     edit->setPlaceholderText(toQt(control.prompt));
     const auto showChoice = [box, edit, &control] {
@@ -309,10 +281,7 @@ Face comboBox(Control& control, QWidget* parent) {
                 if (property == Property::Text) showChoice();
                 if (property == Property::Selection) showSpan(*edit, control);
             },
-            [box, edit, arrow, &control] {
-                const int field = fieldOf(*box).right();
-                arrow->setGeometry(field, 0, box->width() - field, box->height());
-                arrow->raise();
+            [box, edit, &control] {
                 showItems(*box, control);
                 showText(*edit, control);
             },

@@ -51,6 +51,16 @@ QString of(const std::string& table, const std::string& column) {
     return QString::fromStdString(caption);
 }
 
+QString ofTable(const std::string& table) {
+    static const std::map<std::string, QString> words{{"tblAppDefault", "Scenarios"},
+                                                      {"tblBaseRates", "Base rates"},
+                                                      {"tblDiseaseSymptom", "Symptoms"},
+                                                      {"tblTests", "Lengths of tests"},
+                                                      {"tblTreatments", "Treatments"}};
+    const auto found = words.find(table);
+    return found == words.end() ? QString::fromStdString(table) : found->second;
+}
+
 const char* nameColumn(const std::string& table) {
     if (table == "tblPatients") return "Name";
     if (table == "tblVocabulary") return "Term";

@@ -10,6 +10,9 @@ namespace captions {
 /// The caption of a column, the column's own name where no page has another.
 QString of(const std::string& table, const std::string& column);
 
+/// What a table is called, its own name where no page has another.
+QString ofTable(const std::string& table);
+
 /// The column that names a row of the table for a person.
 const char* nameColumn(const std::string& table);
 

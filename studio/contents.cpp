@@ -50,7 +50,7 @@ void markChosen() {
     for (QTreeWidgetItemIterator item(tree.widget); *item != nullptr; ++item) {
         const std::optional<Entry> its = entryOf(*item);
         if (!its || !same(*its, tree.chosen)) continue;
-        if (*item != tree.widget->currentItem()) tree.widget->setCurrentItem(*item);
+        tree.widget->setCurrentItem(*item);
         return;
     }
 }
@@ -122,7 +122,7 @@ QString entryWords(const check::Finding& finding) {
         case Kind::Table:
         case Kind::Results: break;
     }
-    return QString::fromStdString(finding.table);
+    return captions::ofTable(finding.table);
 }
 
 /// Which row of its scenario, list or page it is: by its name, or by its number there.
@@ -132,6 +132,8 @@ QString rowWords(const check::Finding& finding) {
     const bool symptoms = finding.table == "tblDiseaseSymptom";
     const char* const column = captions::nameColumn(finding.table);
     const std::string name = cellOf(finding, column);
+    if (finding.table == "tblVocabulary" && name.empty())
+        return QString("%1 in row %2").arg(QString::fromStdString(cellOf(finding, "Type"))).arg(finding.row);
     if (!symptoms && finding.table != "tblTests")
         return name.empty() ? QString("row %1").arg(finding.row) : QString::fromStdString(name);
     const std::vector<int> rows = book::rowsOf(workspace::book(), finding.table, column, name);
@@ -152,6 +154,8 @@ QTreeWidget* make(const std::function<void()>& heard) {
                          tree.chosen = *entry;
                          heard();
                      }));
+    // A heading is no page: a press on it leaves what is chosen.
+    QObject::connect(tree.widget, &QTreeWidget::itemClicked, tree.widget, [] { markChosen(); });
     return tree.widget;
 }
 
@@ -183,7 +187,9 @@ QString wordsFor(const check::Finding& finding) {
     const QString row = rowWords(finding);
     const QString column = captions::of(finding.table, finding.column);
     if (!row.isEmpty()) parts << row;
-    if (!column.isEmpty() && finding.column != captions::nameColumn(finding.table)) parts << column;
+    const bool named = finding.column == captions::nameColumn(finding.table) &&
+                       (finding.row == 0 || !cellOf(finding, captions::nameColumn(finding.table)).empty());
+    if (!column.isEmpty() && !named) parts << column;
     return parts.isEmpty() ? entryWords(finding) : entryWords(finding) + ": " + parts.join(", ");
 }
 

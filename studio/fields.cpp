@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/numberText.h"
+#include "qt/comboArrow.h"
 #include "qt/eventHook.h"
 #include "store/layer/schema.h"
 #include "studio/workspace.h"
@@ -176,6 +177,7 @@ Field choice(const Where& where, const Words& words, const std::function<QString
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);  // it would show more than the study has
+    comboArrow::add(box);
     passWheelOn(box);
     leaveUndoToStudy(*box->lineEdit());
     describe(*box, words);
@@ -210,6 +212,7 @@ Field named(const Where& where, const Words& words, const std::vector<Choice>& c
     auto* const box = new QComboBox;
     const auto known = static_cast<int>(choices.size());
     for (const Choice& choice : choices) box->addItem(choice.name, choice.value);
+    comboArrow::add(box);
     passWheelOn(box);
     describe(*box, words);
     QObject::connect(box, &QComboBox::activated, box,

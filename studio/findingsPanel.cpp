@@ -9,7 +9,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
+#include <numeric>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "qt/look.h"
@@ -32,7 +34,17 @@ QString placeOf(const check::Finding& finding) {
     return place;
 }
 
-void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& finding) {
+/// Places in the list of findings: what ends a session stands first, else as the tables go.
+std::vector<std::size_t> worstFirst(const std::vector<check::Finding>& findings) {
+    std::vector<std::size_t> order(findings.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, {}, [&](std::size_t i) { return findings[i].grade; });
+    return order;
+}
+
+using Go = std::function<void(const check::Finding&)>;
+
+void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& finding, const Go& go) {
     const std::optional<remedies::Remedy> remedy = remedies::of(workspace::book(), finding);
     if (!remedy) return;
     auto* const press = new QPushButton(QString::fromStdString(remedy->label));
@@ -40,20 +52,30 @@ void addRemedy(QTreeWidget& list, QTreeWidgetItem& item, const check::Finding& f
     // Pressing changes the list, and with it the button: the change waits until the press is over.
     QObject::connect(
         press, &QPushButton::clicked, &list,
-        [finding] {
+        [finding, go] {
             const std::optional<remedies::Remedy> now = remedies::of(workspace::book(), finding);
             if (!now) return;
             workspace::change(now->label, [&](book::Book& book) { now->mend(book); });
+            if (finding.row == 0) go(finding);  // what was added stands on its page
         },
         Qt::QueuedConnection);
     list.setItemWidget(&item, 3, press);
+}
+
+/// What the list shows; a place gets other words when what it names is renamed.
+using Shown = std::pair<std::vector<check::Finding>, QStringList>;
+
+QStringList placesNow() {
+    QStringList places;
+    for (const check::Finding& finding : workspace::findings()) places << contents::wordsFor(finding);
+    return places;
 }
 
 QString counted(int count, const QString& what) {
     return QString("%1 %2%3").arg(count).arg(what, count == 1 ? "" : "s");
 }
 
-void fill(QTreeWidget& list, QLabel& head) {
+void fill(QTreeWidget& list, QLabel& head, const Go& go) {
     const std::vector<check::Finding>& findings = workspace::findings();
     const bool had = list.isAncestorOf(QApplication::focusWidget()) || list.hasFocus();
     const int at = list.indexOfTopLevelItem(list.currentItem());
@@ -61,7 +83,7 @@ void fill(QTreeWidget& list, QLabel& head) {
     int errors = 0;
     int warnings = 0;
     list.clear();
-    for (std::size_t i = 0; i < findings.size(); ++i) {
+    for (const std::size_t i : worstFirst(findings)) {
         const check::Finding& finding = findings[i];
         errors += finding.grade == check::Grade::Error ? 1 : 0;
         warnings += finding.grade == check::Grade::Warning ? 1 : 0;
@@ -71,14 +93,14 @@ void fill(QTreeWidget& list, QLabel& head) {
         item->setToolTip(1, placeOf(finding));
         item->setToolTip(2, item->text(2));
         if (finding.grade == check::Grade::Error) item->setForeground(0, look::colours().alarm);
-        addRemedy(list, *item, finding);
+        addRemedy(list, *item, finding, go);
     }
     head.setText(findings.empty()
                      ? "Nothing was found: the study can be played."
                      : counted(errors, "error") + ", " + counted(warnings, "warning") + ", " +
                            counted(static_cast<int>(findings.size()) - errors - warnings, "note"));
     // The focus goes on from where it was, and not to whatever stands next in the window.
-    if (at >= 0) list.setCurrentItem(list.topLevelItem(std::min(at, list.topLevelItemCount() - 1)));
+    if (at >= 0 && had) list.setCurrentItem(list.topLevelItem(std::min(at, list.topLevelItemCount() - 1)));
     list.verticalScrollBar()->setValue(above);
     if (had) list.setFocus();
 }
@@ -106,11 +128,12 @@ Panel make(const std::function<void(const check::Finding&)>& go) {
     };
     QObject::connect(list, &QTreeWidget::itemClicked, list, chosen);
     QObject::connect(list, &QTreeWidget::itemActivated, list, chosen);
-    const auto shown = std::make_shared<std::optional<std::vector<check::Finding>>>();
+    const auto shown = std::make_shared<std::optional<Shown>>();
     return {whole, [=] {
-                if (*shown == workspace::findings()) return;
-                *shown = workspace::findings();
-                fill(*list, *head);
+                Shown now{workspace::findings(), placesNow()};
+                if (*shown == now) return;
+                *shown = std::move(now);
+                fill(*list, *head, go);
             }};
 }
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "studio/askName.h"
 #include "studio/fields.h"
 #include "studio/grid.h"
 #include "studio/rowDeeds.h"
@@ -98,6 +99,23 @@ QString wordsInUse() {
            text;
 }
 
+bool isTaken(const std::string& list) {
+    return !book::rowsOf(workspace::book(), "tblTests", "SETTING", list).empty();
+}
+
+/// Renames the list where it is used too, or copies it; shows what has come of it.
+void nameList(QWidget* parent, const std::string& list, bool isCopy, const Follow& follow) {
+    const QString what = isCopy ? "Copy the list" : "Rename the list";
+    const std::string name = askName::ask(
+        parent, {what, "Name of the list:", isCopy ? list + " copy" : list, isCopy ? std::string() : list},
+        isTaken);
+    if (name.empty() || name == list) return;
+    workspace::change(what.toStdString(), [&](book::Book& book) {
+        (isCopy ? bookScenarios::copyTests : bookScenarios::renameTests)(book, list, name);
+    });
+    follow(name);
+}
+
 QString usersText(const std::string& list) {
     QStringList users;
     for (const std::string& user : bookScenarios::usersOfTests(workspace::book(), list))
@@ -130,17 +148,30 @@ Page words() {
             }};
 }
 
-Page tests(const std::function<std::string()>& list) {
+Page tests(const std::function<std::string()>& list, const Follow& follow) {
     const Block lengths =
         block({"tblTests", "SETTING", "Length", list, "Length in simulated minutes, by place of the test"});
     auto* const whole = new QWidget;
     auto* const column = new QVBoxLayout(whole);
+    auto* const head = new QHBoxLayout;
+    auto* const name = new QLabel;
     auto* const used = new QLabel;
     used->setWordWrap(true);
+    head->addWidget(name);
+    head->addStretch();
+    for (const bool isCopy : {false, true}) {
+        auto* const button = new QPushButton(isCopy ? "Copy…" : "Rename…");
+        button->setAccessibleName(isCopy ? "Copy the list" : "Rename the list");
+        QObject::connect(button, &QPushButton::clicked, whole,
+                         [=] { nameList(whole, list(), isCopy, follow); });
+        head->addWidget(button);
+    }
+    column->addLayout(head);
     column->addWidget(lengths.widget, 1);
     column->addWidget(used);
     return {whole,
             [=] {
+                name->setText("<h2>" + QString::fromStdString(list()).toHtmlEscaped() + "</h2>");
                 lengths.grid.refresh();
                 used->setText(usersText(list()));
             },

@@ -10,7 +10,10 @@ namespace listPages {
 
 Page words();
 
+/// Shows the list of this name.
+using Follow = std::function<void(const std::string&)>;
+
 /// `list` tells which list of lengths is shown.
-Page tests(const std::function<std::string()>& list);
+Page tests(const std::function<std::string()>& list, const Follow& follow);
 
 }  // namespace listPages

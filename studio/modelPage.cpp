@@ -48,7 +48,7 @@ grid::View ratesView(const book::Book& book, const std::string& scenario) {
 
 grid::View symptomsView(const book::Book& book, const std::string& scenario) {
     const Parts parts = bookScenarios::partsOf(book, scenario);
-    grid::View view{diseases(parts) << "Visible at first", {}, {}};
+    grid::View view{diseases(parts) << "Visible (no effect)", {}, {}};
     view.shaded.assign(static_cast<std::size_t>(parts.diseases), true);
     view.ticked.assign(static_cast<std::size_t>(parts.diseases) + 1, false);
     view.ticked.back() = true;
@@ -187,6 +187,13 @@ Page make(const Scenario& scenario) {
     auto* const area = new QScrollArea;
     auto* const inside = new QWidget;
     auto* const column = new QVBoxLayout(inside);
+    auto* const dealt = new QLabel(
+        "A disease or symptom has no word of its own: which of the words in the list \"Words\" a subject "
+        "sees "
+        "for it is dealt at random, anew for each subject. Only treatments keep their names.");
+    dealt->setWordWrap(true);
+    dealt->setProperty("role", "help");
+    column->addWidget(dealt);
     column->addWidget(ratesGroup(scenario, rates, sum));
     column->addWidget(symptomsGroup(scenario, symptoms));
     column->addWidget(treatmentsGroup(scenario, treatments));

@@ -65,6 +65,9 @@ QProcess* start(const Wish& wish) {
     Q_UNUSED(endsWithUs);
     auto* const process = new QProcess;
     process->setChildProcessModifier(companion::endWithMaker);
+    QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
+    surroundings.insert("QT_LOGGING_RULES", "*.warning=false");  // what the toolkit says is no reason to end
+    process->setProcessEnvironment(surroundings);
     running().push_back({process, wish});
     QObject::connect(process, &QProcess::finished, qApp, [process](int status, QProcess::ExitStatus how) {
         finish(process, how == QProcess::NormalExit && status == 0);

@@ -115,7 +115,12 @@ void addTime(Building& building, QWidget& parent) {
 /// One column for what the dialog has as two boxes that exclude each other.
 void addProperty(Building& building, QWidget& parent) {
     QGroupBox& group = *groupOf(building, frmOptions.fraExperimentDepth, parent);
-    const fields::Words words = wordsFor("TreatmentProperty");
+    fields::Words words = wordsFor("TreatmentProperty");
+    words.help = QString(
+                     "%1: the first prescription ends the patient, whether it helps or not. %2: treatments "
+                     "can harm.")
+                     .arg(QString::fromStdString(frmOptions.chkOneTreatment.caption),
+                          QString::fromStdString(frmOptions.chkRisk.caption));
     place(building, group, "TreatmentProperty", words,
           fields::named(cellOf(building.scenario, "TreatmentProperty"), words,
                         {{"1", QString::fromStdString(frmOptions.chkOneTreatment.caption)},

@@ -152,8 +152,10 @@ Seen seen(const std::function<std::optional<int>()>& person) {
         },
         [=](const QString& problem) {
             button->setVisible(problem.isEmpty());
-            text->setText(problem.isEmpty() ? QString("Press the picture to see it large.")
-                                            : "This person cannot be shown. The program says:\n" + problem);
+            text->setText(problem.isEmpty()
+                              ? QString("Press the picture to see it large.")
+                              : "This person cannot be shown yet; the findings say why. The program says:\n" +
+                                    problem);
         }};
     const auto wish = [=]() -> std::optional<previews::Wish> {
         const std::optional<int> row = person();

@@ -150,10 +150,12 @@ void take(const Shared& view, Look& look, const std::string& problem) {
         return;
     }
     if (look.status) showStatus(*view, *look.status);
+    view->shown = {look.store, look.changed, look.subject};  // before a choice, which looks again
+    if (look.status && !look.status->subjects.empty() && !view->subjects.chosen().isValid())
+        view->subjects.choose(textOf(look.status->subjects.front().name));
     if (!view->wanted.isEmpty() && view->subjects.choose(view->wanted)) view->subjects.view->setFocus();
     view->wanted.clear();
     showPatients(*view, look);
-    view->shown = {look.store, look.changed, look.subject};
     if (view->subjects.chosen().toString().toStdString() != look.subject) lookAgain(view);
 }
 

@@ -1,14 +1,12 @@
 #include "studio/scenarioPage.h"
 
-#include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <vector>
 
-#include "platform/text.h"
-#include "studio/fields.h"
+#include "studio/askName.h"
 #include "studio/modelPage.h"
 #include "studio/optionsPage.h"
 #include "studio/pilotPage.h"
@@ -24,25 +22,13 @@ namespace {
 
 using Follow = std::function<void(const std::string&)>;
 
-/// Asks for a name that no other scenario has; empty if the person gives up.
-std::string askName(QWidget* parent, const QString& title, const std::string& offered,
-                    const std::string& own) {
-    std::string name = offered;
-    while (true) {
-        bool taken = false;
-        const QString typed = QInputDialog::getText(parent, title, "Name of the scenario:", QLineEdit::Normal,
-                                                    QString::fromStdString(name), &taken);
-        name = text::trim(typed.toStdString());
-        if (!taken || name.empty()) return {};
-        const bool other = !check::sameName(name, own) &&
-                           book::rowOf(workspace::book(), "tblAppDefault", "Setting", name).has_value();
-        if (!other) return name;
-        fields::tellProblem("There is a scenario of that name already.");
-    }
+bool isTaken(const std::string& name) {
+    return book::rowOf(workspace::book(), "tblAppDefault", "Setting", name).has_value();
 }
 
 void rename(QWidget* parent, const std::string& scenario, const Follow& follow) {
-    const std::string name = askName(parent, "Rename the scenario", scenario, scenario);
+    const std::string name =
+        askName::ask(parent, {"Rename the scenario", "Name of the scenario:", scenario, scenario}, isTaken);
     if (name.empty() || name == scenario) return;
     workspace::change("Rename the scenario",
                       [&](book::Book& book) { bookScenarios::rename(book, scenario, name); });
@@ -51,7 +37,8 @@ void rename(QWidget* parent, const std::string& scenario, const Follow& follow) 
 
 void copy(QWidget* parent, const std::string& scenario, const Follow& follow) {
     const std::string free = bookScenarios::freeName(workspace::book(), scenario + " copy");
-    const std::string name = askName(parent, "Copy the scenario", free, {});
+    const std::string name =
+        askName::ask(parent, {"Copy the scenario", "Name of the scenario:", free}, isTaken);
     if (name.empty()) return;
     workspace::change("Copy the scenario",
                       [&](book::Book& book) { bookScenarios::copy(book, scenario, name); });

@@ -9,8 +9,15 @@
 
 namespace tableFiles {
 
+namespace {
+
+QString besideStudy() { return QString::fromStdString(workspace::folder()); }
+
+}  // namespace
+
 void write(QMainWindow& window) {
-    const QString folder = QFileDialog::getExistingDirectory(&window, "Folder for the tables as CSV");
+    const QString folder =
+        QFileDialog::getExistingDirectory(&window, "Folder for the tables as CSV", besideStudy());
     if (folder.isEmpty()) return;
     writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
     if (outcome.taken) {
@@ -26,7 +33,8 @@ void write(QMainWindow& window) {
 }
 
 void take(QMainWindow& window) {
-    const QString folder = QFileDialog::getExistingDirectory(&window, "Folder with tables as CSV");
+    const QString folder =
+        QFileDialog::getExistingDirectory(&window, "Folder with tables as CSV", besideStudy());
     if (folder.isEmpty()) return;
     bookTables::Taken taken;
     workspace::edit("Tables from CSV", [&](book::Book& book) {

@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -220,7 +222,7 @@ bool mayLeave() {
     if (!workspace::isOpen() || !bookHistory::isChanged(workspace::history())) return true;
     const int pressed =
         notices::ask("The study has changes that are not saved.", QString::fromStdString(workspace::folder()),
-                     {"Save", "Leave them out", "Cancel"});
+                     {"Save", "Do not save", "Cancel"});
     if (pressed == 0) return save();
     if (pressed == 1) workspace::dropDraft();
     return pressed == 1;
@@ -280,6 +282,27 @@ void addScenario() {
     refresh();
 }
 
+/// A scenario that comes back with a step is shown.
+void follow(void (*step)()) {
+    const std::vector<std::string> before = bookScenarios::namesOf(workspace::book());
+    step();
+    for (const std::string& name : bookScenarios::namesOf(workspace::book())) {
+        if (std::ranges::find(before, name) != before.end()) continue;
+        contents::choose({Kind::Scenario, name});
+        return refresh();
+    }
+}
+
+/// The button that has the focus is pressed by Return as in a dialog.
+bool pressByReturn(QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    auto* const button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+    if ((key != Qt::Key_Return && key != Qt::Key_Enter) || button == nullptr) return false;
+    button->click();
+    return true;
+}
+
 template <class Handler>
 QAction* action(QMenu* menu, const QString& text, const QKeySequence& keys, Handler handler) {
     auto* const made = new QAction(text, w.main);
@@ -304,8 +327,8 @@ void buildMenus() {
     file->addSeparator();
     action(file, "Quit", QKeySequence::Quit, [] { w.main->close(); });
     QMenu* const edit = w.main->menuBar()->addMenu("&Edit");
-    w.undo = action(edit, "Undo", QKeySequence::Undo, workspace::undo);
-    w.redo = action(edit, "Redo", QKeySequence::Redo, workspace::redo);
+    w.undo = action(edit, "Undo", QKeySequence::Undo, [] { follow(workspace::undo); });
+    w.redo = action(edit, "Redo", QKeySequence::Redo, [] { follow(workspace::redo); });
     QList<QKeySequence> again = QKeySequence::keyBindings(QKeySequence::Redo);
     if (const QKeySequence usual(Qt::CTRL | Qt::Key_Y); !again.contains(usual)) again << usual;
     w.redo->setShortcuts(again);
@@ -319,7 +342,7 @@ void buildMenus() {
     w.play->setToolTip("Starts the program on a copy of the study (F5). What it writes is thrown away.");
     auto* const bar = w.main->addToolBar("Study");
     bar->setMovable(false);
-    bar->addActions({w.save, w.undo, w.redo, w.add, w.play});
+    bar->addActions({w.save, w.undo, w.redo, w.add, w.play, w.session});
 }
 
 void buildPages() {
@@ -333,7 +356,10 @@ void buildPages() {
                          }));
     w.pages.emplace_back(Kind::Patients, patientsPage::make());
     w.pages.emplace_back(Kind::Words, listPages::words());
-    w.pages.emplace_back(Kind::Tests, listPages::tests(name));
+    w.pages.emplace_back(Kind::Tests, listPages::tests(name, [](const std::string& list) {
+                             contents::choose({Kind::Tests, list});
+                             refresh();
+                         }));
     w.pages.emplace_back(Kind::Table, tablePage::make(name));
     w.pages.emplace_back(Kind::Results, resultsPage::make());
     for (const auto& [kind, page] : w.pages) w.stack->addWidget(page.widget);
@@ -387,11 +413,16 @@ void show() {
     buildPages();
     buildFrame();
     hookEvents(w.main, [](QEvent* event) {
+        if (pressByReturn(event)) return true;
         if (event->type() != QEvent::Close || mayLeave()) return false;
         event->ignore();
         return true;
     });
-    workspace::whenChanged(refresh);
+    workspace::whenChanged([] {
+        fields::tellProblem({});
+        refresh();
+    });
+    QObject::connect(qApp, &QApplication::focusChanged, w.main, [] { workspace::part(); });
     refresh();
     w.main->show();
 }

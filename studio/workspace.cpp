@@ -37,6 +37,7 @@ struct State {
     std::optional<bookDraft::Draft> draft = {};
 };
 
+constexpr std::chrono::seconds pause{2};                  // in typing, behind which a new step begins
 constexpr std::chrono::seconds patience{2};               // for what reads the results
 constexpr const char* rehearsalBegins = "tavix-studio-";  // in front of the process that made it
 
@@ -164,6 +165,11 @@ std::string make(const std::string& folder, bool ofSample) {
             return fmt::format("{} has a folder \"{}\" already, which stays as it is. Choose another folder.",
                                place.string(), taken);
     }
+    for (fs::path above = place.parent_path(); above.has_relative_path(); above = above.parent_path()) {
+        if (fs::exists(storeIn(above.string()), failed))
+            return fmt::format("{} is a study already, and {} would stand in it. Choose another folder.",
+                               above.string(), place.string());
+    }
     try {
         fs::create_directories(place / "Patients");
         book::Book empty = book::fresh();
@@ -207,6 +213,9 @@ const std::vector<check::Finding>& findings() { return state.findings; }
 
 std::string edit(const std::string& what, const std::function<std::string(book::Book&)>& change,
                  const std::string& of) {
+    using Clock = std::chrono::steady_clock;
+    static Clock::time_point last;
+    if (Clock::now() - std::exchange(last, Clock::now()) > pause) part();
     book::Book next = state.history.now;
     std::string problem = change(next);
     if (problem.empty() && bookHistory::take(state.history, std::move(next), what, of)) tell();
@@ -219,6 +228,8 @@ void change(const std::string& what, const std::function<void(book::Book&)>& wor
         return std::string();
     });
 }
+
+void part() { bookHistory::part(state.history); }
 
 void undo() {
     if (bookHistory::undo(state.history)) tell();
@@ -244,6 +255,7 @@ updateStore::Outcome save(bool closed) {
         bookStore::save({store(), state.folder}, state.history.saved, state.history.now, {.closed = closed});
     if (!outcome.problems.empty()) return outcome;
     state.history.saved = state.history.now;
+    part();
     // The states before the save find the files that they were made with.
     for (auto* steps : {&state.history.past, &state.history.future}) {
         for (bookHistory::Step& step : *steps) step.before.files.insert(replaced.begin(), replaced.end());

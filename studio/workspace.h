@@ -48,6 +48,8 @@ std::string edit(const std::string& what, const std::function<std::string(book::
                  const std::string& of = {});
 /// The same for a change that nothing can be against.
 void change(const std::string& what, const std::function<void(book::Book&)>& work);
+/// What is typed next is a step of its own.
+void part();
 void undo();
 void redo();
 

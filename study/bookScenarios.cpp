@@ -96,7 +96,7 @@ engine::Value startOf(const schema::Column& column) {
 
 void addWords(Book& book, const std::string& type, int wanted) {
     auto words = static_cast<int>(rowsOf(book, "tblVocabulary", "Type", type).size());
-    for (int number = 1; words < wanted; ++number) {
+    for (int number = words + 1; words < wanted; ++number) {
         const std::string term = fmt::format("{} {}", type, number);
         if (book::rowOf(book, "tblVocabulary", "Term", term)) continue;
         const int row = book::sheetOf(book, "tblVocabulary").size();
@@ -275,6 +275,14 @@ void renameTests(Book& book, const std::string& from, const std::string& name) {
         set(book, {"tblTests", row, "SETTING"}, name);
     for (const int row : rowsOf(book, "tblAppDefault", "TestLengthSetting", from))
         set(book, {"tblAppDefault", row, "TestLengthSetting"}, name);
+}
+
+void copyTests(Book& book, const std::string& from, const std::string& name) {
+    for (const int row : rowsOf(book, "tblTests", "SETTING", from)) {
+        engine::Value length = book::sheetOf(book, "tblTests").at(row, "Length");
+        set(book, {"tblTests", book::addRowOf(book, "tblTests", "SETTING", name), "Length"},
+            std::move(length));
+    }
 }
 
 std::vector<std::string> usersOfTests(const Book& book, const std::string& list) {

@@ -60,8 +60,10 @@ engine::Value startOf(const schema::Column& column);
 
 /// Lists of lengths of tests by name, each once, in the order of the table.
 std::vector<std::string> testLists(const Book& book);
-/// Renames a list everywhere, or changes which list a word names.
+/// Renames a list everywhere.
 void renameTests(Book& book, const std::string& from, const std::string& name);
+/// Copies a list behind itself; nothing uses the copy yet.
+void copyTests(Book& book, const std::string& from, const std::string& name);
 /// The scenarios that use a list.
 std::vector<std::string> usersOfTests(const Book& book, const std::string& list);
 

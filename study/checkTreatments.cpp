@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/numberText.h"
 #include "platform/text.h"
 #include "study/checkRules.h"
 
@@ -57,6 +58,25 @@ void judgeColumns(Study& study, int diseases) {
     }
 }
 
+/// Chances that no session of this scenario reads.
+void judgeHarms(Study& study, const Scenario& scenario) {
+    constexpr int risky = -1;
+    const Sheet& sheet = study.sheet("tblTreatments");
+    const std::string property = study.sheet("tblAppDefault").text(scenario.row, "TreatmentProperty");
+    if (numberText::toNumber(property) == risky) return;
+    for (const int row : scenario.treatments) {
+        for (int j = 0; j < std::min(scenario.diseases, mostDiseases); ++j) {
+            const std::string column = diseaseColumn(j, "-");
+            if (!sheet.has(column) || numberText::toNumber(sheet.text(row, column)) <= 0) continue;
+            return study.note(
+                sheet, row, column,
+                fmt::format("Treatments harm nobody in \"{}\": TreatmentProperty is {}, and only "
+                            "with -1, \"Apply Risk Factor\", can they.",
+                            scenario.name, property));
+        }
+    }
+}
+
 }  // namespace
 
 void treatments(Study& study) {
@@ -79,6 +99,7 @@ void treatments(Study& study) {
             judgeName(study, scenario, row);
             judgeChances(study, row, diseases);
         }
+        judgeHarms(study, scenario);
     }
     judgeColumns(study, most);
 }

@@ -192,7 +192,9 @@ TEST_F(Tools, ReplaceTablesUnderResultsAndKeepTheOldOnes) {
 TEST_F(Tools, AnswerOnTheCommandLine) {
     layTables();
     fs::rename(tables + "/tblTests.csv", tables + "/tblTests.CSV");
-    EXPECT_TRUE(tavixdb("create tables a.mdb").ends_with("for 6 tests: the others take 30 minutes.\n|0|"));
+    const std::string made = tavixdb("create tables a.mdb");
+    EXPECT_NE(made.find("for 6 tests: the others take 30 minutes.\n"), std::string::npos) << made;
+    EXPECT_NE(made.find("Treatments harm nobody in \"Four\""), std::string::npos) << made;
     EXPECT_EQ(tavixdb("create tables a.mdb"), "|1|a.mdb exists already; --force replaces it\n");
     // A link stays one. What a killed program left beside the old store belongs to that one, and what a
     // killed attempt left goes.
