@@ -11,7 +11,7 @@ the file names and NEEDS here have to follow (--check). For each: patch, increme
 --stop-on-failure, restore. A test whose programs came out byte for byte as in the unmutated build is not run
 again. `signature` (one hash over whole sessions) runs only when all other tests passed, so that the report can
 tell "killed by a rule's test" from "killed by the hash alone". stationsTests run last and only where K is set,
-killTests only with --kill.
+torture.kills only with --kill.
 Results go to results.json in the folder MUTWORK (mutwork in the temporary folder unless set).
 """
 import hashlib, json, os, re, subprocess, sys, tempfile, time
@@ -176,7 +176,7 @@ NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
     "logicTests": ["logicTests"], "mindTests": ["mindTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
     "studyExportTests": ["studyExportTests"],
-    "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "killTests": ["tavix-headless", "tavixdb"],
+    "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "torture.kills": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
     "signature": ["walk", "tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
@@ -228,16 +228,16 @@ def run(xs, base):
             return dict(res, result="no program changed")
         kill = any(x["kill"] for x in xs) or "--kill" in sys.argv
         late = ["qtTests"] if changed & {"logicTests", "formsTests"} and not any(x["floor"] == "forms" for x in xs) else []
-        slow = ["stationsTests", "killTests"]  # many whole sessions: only where K is set, and with --kill
+        slow = ["stationsTests", "torture.kills"]  # many whole sessions: only where K is set, and with --kill
         rest = [n for n in tests if n not in ["signature"] + slow + late]
         order = [rest, late if "qtTests" in tests else [], ["signature"] if "signature" in tests else [],
                  ["stationsTests"] if kill and "stationsTests" in tests else [],
-                 ["killTests"] if "--kill" in sys.argv and "killTests" in tests else []]
+                 ["torture.kills"] if "--kill" in sys.argv and "torture.kills" in tests else []]
         res["ran"] = [n for o in order for n in o]
         for names in order:
             if not names: continue
             pattern = "^(" + "|".join(re.escape(n) + (".*" if n.endswith(".") else "") for n in names) + ")$"
-            failed, out, took = ctest(pattern, 600 if "killTests" in names else 100)
+            failed, out, took = ctest(pattern, 600 if "torture.kills" in names else 100)
             if failed:
                 kind = "timeout" if any("Timeout" in f[1] for f in failed) else "killed"
                 return dict(res, result=kind, by=[f[0] for f in failed], detail=first_lines(out), took=round(time.time() - t, 1))
