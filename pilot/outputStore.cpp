@@ -73,7 +73,7 @@ void make(const std::string& file, const emptyStore::Layout& layout, const Row& 
         engine::execute(*database, dialect::insertion(simulated::runs, columns), run);
         engine::execute(*database, "COMMIT");
     }
-    std::filesystem::rename(draft, place);
+    files::moveIntoPlace(draft, place);
 }
 
 std::int64_t subjectsIn(const std::string& file, const emptyStore::Layout& layout, const Row& run) {

@@ -44,6 +44,30 @@ std::error_code copyOwnership(const std::string& from, const std::string& to) {
     return good ? std::error_code() : std::error_code(errno, std::generic_category());
 }
 
+namespace {
+
+/// A file, or the names in a folder.
+std::error_code synchronize(const std::string& path) {
+    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    std::error_code failed;
+    if (handle < 0 || ::fsync(handle) != 0) failed.assign(errno, std::generic_category());
+    if (handle >= 0) ::close(handle);
+    return failed;
+}
+
+}  // namespace
+
+void moveIntoPlace(const std::string& from, const std::string& to) {
+    const std::string folder = std::filesystem::absolute(to).parent_path().string();
+    if (const std::error_code failed = synchronize(from))
+        throw std::filesystem::filesystem_error("cannot be written", from, failed);
+    // Some file systems cannot do it for a folder. The first time is for a journal that stood beside the old
+    // file: it must not come back, when the power has gone, beside one that it does not belong to.
+    static_cast<void>(synchronize(folder));
+    std::filesystem::rename(from, to);
+    static_cast<void>(synchronize(folder));
+}
+
 OnLeave lockFolder(const std::string& folder) {
     const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle >= 0) static_cast<void>(::flock(handle, LOCK_EX));

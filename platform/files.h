@@ -19,6 +19,10 @@ std::string read(const std::string& path);
 /// Gives a file the owner, the group and the permissions of another one.
 std::error_code copyOwnership(const std::string& from, const std::string& to);
 
+/// Gives a complete file its place, over what stands there. The file, its name and what was done to the names
+/// beside it before are on the disk when this returns. Throws std::filesystem::filesystem_error.
+void moveIntoPlace(const std::string& from, const std::string& to);
+
 /// Keeps others who ask for the same folder waiting until this goes, or the program ends. A file system
 /// without such locks lets everybody in.
 [[nodiscard]] OnLeave lockFolder(const std::string& folder);

@@ -10,8 +10,8 @@ Run at the root of a clone of the project with a release build (script/build rel
 the file names and NEEDS here have to follow (--check). For each: patch, incremental build, ctest
 --stop-on-failure, restore. A test whose programs came out byte for byte as in the unmutated build is not run
 again. `signature` (one hash over whole sessions) runs only when all other tests passed, so that the report can
-tell "killed by a rule's test" from "killed by the hash alone". stationsTests run last and only where K is set,
-torture.kills only with --kill.
+tell "killed by a rule's test" from "killed by the hash alone". stationsTests and torture.powerCuts run last and
+only where K is set, torture.kills only with --kill.
 Results go to results.json in the folder MUTWORK (mutwork in the temporary folder unless set).
 """
 import hashlib, json, os, re, subprocess, sys, tempfile, time
@@ -32,6 +32,7 @@ m('P05', 'platform/numberText.cpp', '    if (shown == 0) shown = dial::hours;\n'
 m('P07', 'platform/pictures.cpp', 'if (start.starts_with(kind.signature)) return kind.read(file);', 'if (start.starts_with(kind.signature)) return true;', 'a picture is decoded to its end')
 m('P09', 'platform/fault.cpp', "Run-time error '{}':\\n{}", "Run-time error '{}': {}", 'the report of a fault has a line break')
 m('P11', 'platform/text.cpp', 'u_foldCase(letter, U_FOLD_CASE_DEFAULT)', 'letter', 'accented letters have two cases')
+m('P12', 'platform/files.cpp', '    static_cast<void>(synchronize(folder));\n    std::filesystem::rename', '    std::filesystem::rename', 'a journal that is gone does not come back beside a new store', K)
 m('P13', 'platform/list.h', 'index < 0 || index >= size()', 'index < 0 || index > size()', 'index out of range is a fault')
 # ---- forms
 m('F02', 'forms/control.cpp', '    control.selected.erase(control.selected.begin() + index);\n', '    control.selected.pop_back();\n', 'a removed line takes its selection with it')
@@ -47,7 +48,8 @@ m('S01', 'state/TrialState.h', '    Int16 findingsMask;', '    Int32 findingsMas
 m('S03', 'state/TrialState.h', '    Int32 elapsedMinutes;', '    Int16 elapsedMinutes;', 'elapsed minutes have 32 bits')
 m('S05', 'state/TrialState.h', '    Int16 monitorX; ', '    Int32 monitorX; ', "the trace's x has 16 bits")
 # ---- store
-m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL"', 'access == Access::Read ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = FULL"', 'a reading connection cannot write')
+m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = EXTRA"', 'access == Access::Read ? "PRAGMA synchronous = EXTRA" : "PRAGMA synchronous = EXTRA"', 'a reading connection cannot write')
+m('T03', 'store/layer/engine.cpp', '"PRAGMA synchronous = EXTRA"', '"PRAGMA synchronous = FULL"', 'a commit survives a cut of the power', K)
 m('T04', 'store/layer/engine.cpp', '    require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));\n', '    static_cast<void>(compareTexts);\n', "the store's texts compare without accents' case")
 m('T06', 'store/layer/engine.cpp', '        execute(database, "BEGIN EXCLUSIVE");', '        execute(database, "BEGIN");', 'a writable set takes the file at once', K)
 m('T08', 'store/layer/openTable.cpp', 'readOnly ? engine::Access::Read : engine::Access::Write', 'engine::Access::Write', 'a snapshot is opened for reading')
@@ -177,6 +179,7 @@ NEEDS = {  # programs that a test runs
     "logicTests": ["logicTests"], "mindTests": ["mindTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
     "studyExportTests": ["studyExportTests"],
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "torture.kills": ["tavix-headless", "tavixdb"],
+    "torture.powerCuts": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
     "signature": ["walk", "tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
@@ -228,10 +231,10 @@ def run(xs, base):
             return dict(res, result="no program changed")
         kill = any(x["kill"] for x in xs) or "--kill" in sys.argv
         late = ["qtTests"] if changed & {"logicTests", "formsTests"} and not any(x["floor"] == "forms" for x in xs) else []
-        slow = ["stationsTests", "torture.kills"]  # many whole sessions: only where K is set, and with --kill
+        slow = ["stationsTests", "torture.powerCuts", "torture.kills"]  # many whole sessions: only where K is set, and with --kill
         rest = [n for n in tests if n not in ["signature"] + slow + late]
         order = [rest, late if "qtTests" in tests else [], ["signature"] if "signature" in tests else [],
-                 ["stationsTests"] if kill and "stationsTests" in tests else [],
+                 [n for n in slow[:2] if kill and n in tests],
                  ["torture.kills"] if "--kill" in sys.argv and "torture.kills" in tests else []]
         res["ran"] = [n for o in order for n in o]
         for names in order:

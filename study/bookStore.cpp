@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/files.h"
 #include "platform/onLeave.h"
 #include "store/layer/schema.h"
 #include "study/createStore.h"
@@ -111,7 +112,7 @@ updateStore::Outcome save(const Target& target, const book::Book& opened, const 
         }
         if (!outcome.problems.empty() || wish.dryRun) return outcome;
         for (const Staged& file : staged) {
-            fs::rename(file.draft, file.place);
+            files::moveIntoPlace(file.draft, file.place);
             outcome.done.push_back("Patients/" + file.place.filename().string());
         }
     } catch (const fs::filesystem_error& error) {

@@ -41,6 +41,15 @@ std::error_code moveCompanions(const std::string& from, const std::string& to) {
     return failed;
 }
 
+std::error_code moveInto(const std::string& place, const std::string& draft) {
+    try {
+        files::moveIntoPlace(draft, place);
+    } catch (const fs::filesystem_error& error) {
+        return error.code();
+    }
+    return {};
+}
+
 /// Moves the draft over the old store. What a killed program left beside that one belongs to it, and the
 /// engine would play it into the new store. So the old store is opened, which ends what was begun; what stays
 /// beside a file that is no store goes with the draft's name, under which it is cleared away.
@@ -53,7 +62,7 @@ std::string replace(const std::string& place, const std::string& draft) {
         if (error.number == engine::couldNotLockFile) return "is in use";
     }
     std::error_code failed = moveCompanions(place, draft);
-    if (!failed) fs::rename(draft, place, failed);
+    if (!failed) failed = moveInto(place, draft);
     if (failed) moveCompanions(draft, place);
     return failed ? failed.message() : std::string();
 }
@@ -68,7 +77,7 @@ std::string makeAt(const readTables::Tables& tables, const std::string& place, c
     }
     std::error_code failed;
     if (fs::exists(place, failed)) return replace(place, draft);
-    fs::rename(draft, place, failed);
+    failed = moveInto(place, draft);
     return failed ? failed.message() : std::string();
 }
 

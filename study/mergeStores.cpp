@@ -215,7 +215,7 @@ Outcome merge(const std::vector<std::string>& files, const std::string& into, bo
         Outcome outcome = mergeInto(path, fresh ? files.front() : into, sources, simulatedToo, progress);
         if (!fresh || !outcome.problems.empty()) return outcome;
         outcome.notes.insert(outcome.notes.begin(), files.front() + ": the new store begins as its copy");
-        fs::rename(path, place);
+        files::moveIntoPlace(path, place);
         return outcome;
     } catch (const engine::Error& error) {
         throw std::runtime_error(fmt::format("{}: {}", into, error.text));

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "platform/files.h"
 #include "platform/onLeave.h"
 #include "study/pageParts.h"
 
@@ -85,8 +86,11 @@ void write(const std::string& page, std::string_view frame, std::string_view scr
     writeParts(out, frame, script, data);
     out.close();
     if (!out) throw std::runtime_error(page + ": cannot be written");
-    fs::rename(draft, page, failed);
-    if (failed) throw std::runtime_error(fmt::format("{}: {}", page, failed.message()));
+    try {
+        files::moveIntoPlace(draft, page);
+    } catch (const fs::filesystem_error& error) {
+        throw std::runtime_error(fmt::format("{}: {}", page, error.code().message()));
+    }
 }
 
 }  // namespace pageFile

@@ -39,7 +39,7 @@ void write(const std::string& store, const std::string& copy, const std::functio
     } catch (const engine::Error& error) {
         throw std::runtime_error(fmt::format("{}: {}", copy, error.text));
     }
-    fs::rename(plain, place);
+    files::moveIntoPlace(plain, place);
 }
 
 }  // namespace plainCopy

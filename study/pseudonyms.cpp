@@ -90,7 +90,7 @@ void write(const Key& key, const std::string& file) {
     datasetFile::write(draft, "");
     fs::permissions(draft, fs::perms::owner_read | fs::perms::owner_write);
     datasetFile::write(draft, bytes);
-    fs::rename(draft, file);
+    files::moveIntoPlace(draft, file);
 }
 
 void add(Key& key, const std::string& name) {

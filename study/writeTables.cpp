@@ -8,6 +8,7 @@
 #include <map>
 #include <string_view>
 
+#include "platform/files.h"
 #include "platform/onLeave.h"
 #include "platform/text.h"
 #include "study/csv.h"
@@ -103,7 +104,7 @@ void writeFiles(const std::map<std::string, std::string>& files, std::map<std::s
         out.close();
         if (!out) throw fs::filesystem_error("cannot be written", draftOf(table), std::error_code());
     }
-    for (const auto& [table, bytes] : files) fs::rename(draftOf(table), places[table]);
+    for (const auto& [table, bytes] : files) files::moveIntoPlace(draftOf(table), places[table]);
 }
 
 }  // namespace

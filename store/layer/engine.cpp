@@ -204,7 +204,8 @@ Database open(const std::string& path, const std::string& password, Access acces
         if (error.number == SQLITE_NOTADB) error.text += ": " + path;
         throw;
     }
-    execute(*database, access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
+    // The journal of a commit that is deleted has to be gone on the disk too: it would undo the commit.
+    execute(*database, access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = EXTRA");
     return database;
 }
 
