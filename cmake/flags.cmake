@@ -17,3 +17,8 @@ if(TAVIX_SANITIZE)
   add_link_options(-fsanitize=address,undefined,float-cast-overflow)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
+
+if(TAVIX_FUZZ)
+  # Counters at every edge. Executions count for more than steps in a debugger.
+  add_compile_options(-fsanitize=fuzzer-no-link -O1 -gline-tables-only)
+endif()
