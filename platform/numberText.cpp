@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 #include "platform/dial.h"
 #include "platform/text.h"
@@ -65,6 +67,21 @@ std::size_t numberLength(std::string_view source) {
     return at;
 }
 
+/// Whether a number other than 0 has a digit before the point, once the point has gone where its power says.
+bool isLarge(std::string_view number) {
+    const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+    const std::size_t point = std::min(number.find('.'), mark);
+    const std::size_t first = number.find_first_of("123456789");
+    const auto digits = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    const std::string_view power = number.substr(std::min(mark + 1, number.size()));
+    const bool down = power.starts_with('-');
+    std::int64_t places = 0;
+    const auto [end, error] = std::from_chars(power.data() + (down || power.starts_with('+') ? 1 : 0),
+                                              power.data() + power.size(), places);
+    if (error == std::errc::result_out_of_range) return !down;
+    return (digits < 0 ? digits + 1 : digits) > (down ? places : -places);
+}
+
 std::string_view skipBlanks(std::string_view source) {
     while (!source.empty() && source.front() == ' ') source.remove_prefix(1);
     return source;
@@ -111,10 +128,8 @@ double toNumber(std::string_view source) {
     double value = 0.0;
     const auto [end, error] = std::from_chars(source.data(), source.data() + source.size(), value);
     // Out of range: a number too small reads as 0, one too large as endless.
-    if (error == std::errc::result_out_of_range && source.find("e-") == std::string_view::npos &&
-        source.find("E-") == std::string_view::npos) {
-        value = source.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
-    }
+    if (error == std::errc::result_out_of_range)
+        value = !isLarge(source) ? 0.0 : source.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
     return value;
 }
 

@@ -38,7 +38,8 @@ bool isNumeric(std::string_view source);
 /// Time on the twelve-hour dial, two digits each; hour 0, 12 and 24 read 12.
 std::string clockText(Int16 hour, Int16 minute);
 
-/// `value` in a base from 2 to 36 with the digits 0 to 9 and A to Z; empty for any other base.
+/// `value`, which is not negative, in a base from 2 to 36 with the digits 0 to 9 and A to Z; empty for any
+/// other base.
 std::string toBase(Int32 value, Int16 base);
 
 }  // namespace numberText
