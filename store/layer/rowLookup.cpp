@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t mostSpellings = 64;  // beyond these a look through the table is cheaper
 constexpr std::size_t mostRows = 10'000;
-constexpr const char* lastCharacter = "\xF4\x8F\xBF\xBF";
+constexpr const char* behindAll = "\xFF";  // a byte of no character, and larger than each
 
 bool hasIndex(engine::Connection& database, const schema::Table& table) {
     const std::array<engine::Value, 1> statement{schema::indexStatement(table)};
@@ -26,7 +26,7 @@ bool hasIndex(engine::Connection& database, const schema::Table& table) {
 engine::Rows rowsOf(engine::Connection& database, const schema::Table& table, const std::string& text,
                     bool whole, std::size_t most) {
     const std::string column = dialect::quoted(std::string(table.lookup)) + " COLLATE BINARY";
-    const std::array<engine::Value, 2> ends{text, whole ? text : text + lastCharacter};
+    const std::array<engine::Value, 2> ends{text, whole ? text : text + behindAll};
     return engine::query(database,
                          "SELECT rowid FROM " + dialect::quoted(std::string(table.name)) + " WHERE " +
                              column + " >= ? AND " + column + " <= ? LIMIT " + std::to_string(most),
