@@ -1,5 +1,7 @@
 #include "headless/commandLine.h"
 
+#include <utility>
+
 #include "platform/text.h"
 
 namespace {
@@ -49,30 +51,25 @@ std::string plainWord(Reader& reader) {
 
 std::string CommandLine::lastOf(std::size_t count) const {
     if (arguments.size() < count) return {};
-    return arguments.size() == count ? arguments.back() : rests[count - 1];
+    return arguments.size() == count ? arguments.back() : text::trim(written.substr(starts[count - 1]));
 }
 
 CommandLine parseCommand(std::string_view line) {
     CommandLine result;
     Reader reader{line};
-    std::size_t end = line.size();
-    std::vector<std::size_t> starts;
+    bool first = true;
     for (reader.skipBlanks(); reader.more(); reader.skipBlanks()) {
-        if (line[reader.at] == '#') {
-            end = reader.at;
-            break;
-        }
-        starts.push_back(reader.at);
-        const std::string word =
-            line[reader.at] == '"' ? quotedWord(reader, result.unclosed) : plainWord(reader);
-        if (starts.size() == 1) {
-            result.command = word;
+        if (line[reader.at] == '#') break;
+        const std::size_t start = reader.at;
+        std::string word = line[start] == '"' ? quotedWord(reader, result.unclosed) : plainWord(reader);
+        if (first) {
+            result.command = std::move(word);
         } else {
-            result.arguments.push_back(word);
+            result.arguments.push_back(std::move(word));
+            result.starts.push_back(start);
         }
+        first = false;
     }
-    for (std::size_t i = 1; i < starts.size(); ++i) {
-        result.rests.push_back(text::trim(line.substr(starts[i], end - starts[i])));
-    }
+    result.written = line.substr(0, reader.at);
     return result;
 }

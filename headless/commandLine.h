@@ -1,6 +1,7 @@
 // One line of a script taken apart.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,11 +9,12 @@
 struct CommandLine {
     std::string command;  ///< empty for a line that holds nothing but blanks or a comment
     std::vector<std::string> arguments;
-    /// What the line holds from each argument on, as written: a text at the end of a line needs no quotes.
-    std::vector<std::string> rests;
-    bool unclosed = false;  ///< a double quote without its partner
+    std::string written;              ///< the line, without its comment
+    std::vector<std::size_t> starts;  ///< of the arguments in it
+    bool unclosed = false;            ///< a double quote without its partner
 
-    /// The last argument of a command that takes `count`: more words, unquoted, belong to it.
+    /// The last argument of a command that takes `count`: more words, unquoted, belong to it, as written. So
+    /// a text at the end of a line needs no quotes.
     [[nodiscard]] std::string lastOf(std::size_t count) const;
 };
 

@@ -191,10 +191,13 @@ void writePicture(const std::string& file) {
     acting.picture(file);
 }
 
-/// Another command, which may be refused: that is said, and the script goes on.
+/// Another command, which may be refused: that is said, and the script goes on. A try within it would say
+/// nothing more, and a line of nothing else would go as deep as it is long.
 void tryCommand(const CommandLine& line) {
+    const std::string tried = line.lastOf(1);
+    if (parseCommand(tried).command == "try") throw Refused{"try try: once is enough"};
     try {
-        execute(line.lastOf(1));
+        execute(tried);
     } catch (const Refused& refused) {
         print("refused: " + scriptValue::printed(refused.reason));
     }

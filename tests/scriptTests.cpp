@@ -45,9 +45,14 @@ TEST_F(Script, ABadLineIsRefusedWithAReason) {
                              "expect state",
                              "expect box.text x",
                              "sql \"\"",
+                             "try try box",
                              "bogus"}) {
         EXPECT_THROW(commands::execute(line), Refused) << line;
     }
+    // Each word was once kept with all behind it: gigabytes.
+    std::string words = "type nothing";
+    for (int i = 0; i < 100'000; ++i) words += " word";
+    EXPECT_THROW(commands::execute(words), Refused);
 }
 
 TEST_F(Script, ListsAreJsonWhateverTheirTextsHold) {
