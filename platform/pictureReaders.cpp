@@ -21,6 +21,8 @@ void ignorePngWarning(png_structp /*png*/, png_const_charp /*reason*/) {}
 bool decodePng(png_structp png, png_infop info, std::FILE* file) {
     if (setjmp(png_jmpbuf(png)) != 0) return false;
     png_init_io(png, file);
+    // Texts, profiles and the like are skipped: the library believes the lengths that they give themselves.
+    png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
     png_read_info(png, info);
     const png_uint_32 height = png_get_image_height(png, info);
     if (!fits(png_get_image_width(png, info), height)) return false;
