@@ -40,13 +40,10 @@ engine::Database open(const std::string& path) {
     if (!std::filesystem::exists(path, failed))
         throw std::runtime_error(fmt::format("{}: there is no such file", path));
     try {
-        engine::Database database =
-            pastLocks([&] { return engine::open(path, store::password, engine::Access::Read); });
-        // An empty file opens as well, and a study has tables.
-        if (select(*database, "SELECT 1 FROM sqlite_master LIMIT 1").rows.empty())
-            throw std::runtime_error(fmt::format("{}: holds no table; it is no store", path));
-        return database;
+        return pastLocks([&] { return engine::open(path, store::password, engine::Access::Read); });
     } catch (const engine::Error& error) {
+        if (error.number == engine::holdsNoTable)
+            throw std::runtime_error(fmt::format("{}: holds no table; it is no store", path));
         if (error.number == engine::notADatabase)
             throw std::runtime_error(
                 fmt::format("{}: is no store of this program, or one with another password", path));

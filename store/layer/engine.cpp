@@ -19,6 +19,7 @@ namespace engine {
 
 struct Connection {
     sqlite3* handle = nullptr;
+    std::string path;
     std::chrono::steady_clock::time_point waitingSince;
     bool inMemory = false;
     bool ownsFile = false;
@@ -53,13 +54,26 @@ int mappedNumber(int code, bool writing) {
     }
 }
 
-[[noreturn]] void fail(Connection& database, bool writing = false, const std::string& detail = {}) {
+/// Whether it is the file that failed, and not what was asked of it.
+bool concernsFile(int number) {
+    switch (number) {
+        case SQLITE_READONLY:
+        case SQLITE_IOERR:
+        case SQLITE_CORRUPT:
+        case SQLITE_FULL:
+        case SQLITE_CANTOPEN:
+        case SQLITE_NOTADB: return true;
+        default: return false;
+    }
+}
+
+[[noreturn]] void fail(Connection& database, bool writing = false) {
     if (database.handle == nullptr)
         throw Error{handleNotSet, "Object variable or With block variable not set"};
-    const int code = sqlite3_extended_errcode(database.handle);
+    const int number = mappedNumber(sqlite3_extended_errcode(database.handle), writing);
     std::string text = sqlite3_errmsg(database.handle);
-    if (!detail.empty()) text += ": " + detail;
-    throw Error{mappedNumber(code, writing), text};
+    if (concernsFile(number)) text += ": " + database.path;
+    throw Error{number, text};
 }
 
 /// For the calls whose failure the connection does not keep.
@@ -163,8 +177,8 @@ int compareTexts(void* /*context*/, int sizeA, const void* a, int sizeB, const v
 
 Database openHandle(const std::string& path, int flags) {
     Database database(new Connection);
-    if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK)
-        fail(*database, false, path);
+    database->path = path;
+    if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK) fail(*database);
     require(sqlite3_busy_handler(database->handle, waitForLock, database.get()));
     require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));
     return database;
@@ -198,12 +212,9 @@ Database open(const std::string& path, const std::string& password, Access acces
     // Opened for writing in both cases: a reader, too, must roll back what a killed program left.
     Database database = openHandle(path, SQLITE_OPEN_READWRITE);
     if (!password.empty()) setKey(*database, path, password);
-    try {
-        query(*database, "SELECT count(*) FROM sqlite_master");  // a wrong password shows here
-    } catch (Error& error) {
-        if (error.number == SQLITE_NOTADB) error.text += ": " + path;
-        throw;
-    }
+    // A wrong password shows here; an empty file opens as well, with any.
+    if (query(*database, "SELECT 1 FROM sqlite_master LIMIT 1").rows.empty())
+        throw Error{holdsNoTable, "file holds no table: " + path};
     // The journal of a commit that is deleted has to be gone on the disk too: it would undo the commit.
     execute(*database, access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = EXTRA");
     return database;

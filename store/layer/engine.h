@@ -18,7 +18,8 @@ namespace engine {
 /// Empty, whole number, number or text.
 using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
 
-/// A failure. Lock conflicts carry the numbers below, all others the engine's own number and text.
+/// A failure. Lock conflicts carry the numbers below, all others the engine's own number and text; where the
+/// file is at fault the text names it.
 struct Error : std::exception {
     int number;
     std::string text;
@@ -27,6 +28,7 @@ struct Error : std::exception {
     [[nodiscard]] const char* what() const noexcept override { return text.c_str(); }
 };
 
+constexpr int holdsNoTable = 16;  // an empty file; the engine has the number and never gives it
 constexpr int notADatabase = 26;  // the engine's own number
 constexpr int handleNotSet = 91;
 constexpr int couldNotLockFile = 3050;
@@ -47,7 +49,7 @@ struct Rows {
     std::vector<std::vector<Value>> rows;
 };
 
-/// Opens an existing file; never creates one. An empty password opens it without a key. With Access::Read
+/// Opens an existing file that holds tables; never creates one. An empty password opens it without a key. With Access::Read
 /// nothing can be changed, yet the journal of a killed program is still rolled back.
 Database open(const std::string& path, const std::string& password, Access access);
 
