@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t mostSpellings = 64;  // beyond these a look through the table is cheaper
 constexpr std::size_t mostRows = 10'000;
+constexpr int mostCharacters = 250;        // each costs a look from the first on
 constexpr const char* behindAll = "\xFF";  // a byte of no character, and larger than each
 
 bool hasIndex(engine::Connection& database, const schema::Table& table) {
@@ -36,6 +37,7 @@ engine::Rows rowsOf(engine::Connection& database, const schema::Table& table, co
 /// The spellings of a text with which texts of the table begin: character by character, those that do.
 std::optional<std::vector<std::string>> spellingsOf(engine::Connection& database, const schema::Table& table,
                                                     const std::string& wanted) {
+    if (text::length(wanted) > mostCharacters) return {};
     std::vector<std::string> beginnings{{}};
     for (int i = 0; i < text::length(wanted); ++i) {
         std::vector<std::string> longer;
