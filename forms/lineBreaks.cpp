@@ -1,5 +1,9 @@
 #include "forms/lineBreaks.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 #include "platform/text.h"
 
 namespace lineBreaks {
@@ -8,6 +12,8 @@ namespace {
 
 constexpr const char* lineBreak = "\r\n";
 constexpr int breakLength = 2;
+/// What comes in as a break: the toolkit's text area takes each of them as one.
+constexpr std::array<std::string_view, 5> breaks{lineBreak, "\r", "\n", "\u2028", "\u2029"};
 
 std::string replaceAll(std::string text, const std::string& what, const std::string& by) {
     for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
@@ -20,7 +26,16 @@ std::string replaceAll(std::string text, const std::string& what, const std::str
 
 std::string seen(const std::string& text) { return replaceAll(text, lineBreak, "\n"); }
 
-std::string held(const std::string& seen) { return replaceAll(lineBreaks::seen(seen), "\n", lineBreak); }
+std::string held(const std::string& given) {
+    std::string result;
+    for (std::string_view rest = given; !rest.empty();) {
+        const auto* const found = std::find_if(breaks.begin(), breaks.end(),
+                                               [&](std::string_view each) { return rest.starts_with(each); });
+        result += found == breaks.end() ? rest.substr(0, 1) : lineBreak;
+        rest.remove_prefix(found == breaks.end() ? 1 : found->size());
+    }
+    return result;
+}
 
 int seenPosition(const std::string& text, int position) {
     return text::length(seen(text::left(text, position + (isInside(text, position) ? 1 : 0))));

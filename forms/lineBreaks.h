@@ -8,8 +8,9 @@ namespace lineBreaks {
 
 /// The text as it is seen, with a line feed for each break.
 std::string seen(const std::string& text);
-/// The text as it is held, from the text as it is seen.
-std::string held(const std::string& seen);
+/// The text as it is held, from one with breaks of any kind: a carriage return, a line feed or both, and the
+/// separators of lines and paragraphs, which come along with text from web pages.
+std::string held(const std::string& given);
 
 /// A position in the text as it is held, as one in the text as it is seen: the midst of a break counts as its
 /// end.

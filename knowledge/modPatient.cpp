@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "forms/frmTavix.h"
+#include "forms/lineBreaks.h"
 #include "knowledge/caseDraw.h"
 #include "knowledge/modTreatments.h"
 #include "platform/files.h"
@@ -125,18 +126,8 @@ void nextPatient() {
 }
 
 std::string readIntroFile(const std::string& name) {
-    std::string bytes = text::fromFileBytes(files::read(patientFile(name)));
-    // The separators of lines and paragraphs, which come along with text from web pages, end a line as well.
-    for (const char* separator : {"\u2028", "\u2029"}) {
-        for (std::size_t at = 0; (at = bytes.find(separator)) != std::string::npos;)
-            bytes.replace(at, 3, "\n");
-    }
-    std::string result;
-    for (std::size_t at = 0; at < bytes.size();) {
-        const auto [end, next] = text::lineEnd(bytes, at);
-        result.append(bytes, at, end - at).append("\r\n");
-        at = next;
-    }
+    std::string result = lineBreaks::held(text::fromFileBytes(files::read(patientFile(name))));
+    if (!result.empty() && !result.ends_with("\r\n")) result += "\r\n";
     return result;
 }
 
