@@ -18,6 +18,7 @@
 #include "platform/numberText.h"
 #include "platform/onLeave.h"
 #include "platform/randomSource.h"
+#include "platform/text.h"
 #include "stage/openBoxes.h"
 #include "stage/virtualTime.h"
 
@@ -293,6 +294,7 @@ std::string help() {
 }
 
 void execute(const std::string& text) {
+    if (!text::isUtf8(text)) throw Refused{"the line is no text in UTF-8"};
     const CommandLine line = parseCommand(text);
     if (line.unclosed) throw Refused{"a double quote is not closed"};
     if (line.command.empty()) return;

@@ -46,6 +46,7 @@ TEST_F(Script, ABadLineIsRefusedWithAReason) {
                              "expect box.text x",
                              "sql \"\"",
                              "try try box",
+                             "type frmLogin.txtName a\xFF",
                              "bogus"}) {
         EXPECT_THROW(commands::execute(line), Refused) << line;
     }
