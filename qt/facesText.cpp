@@ -123,14 +123,19 @@ void showText(Edit& edit, const Control& control) {
     showSpan(edit, control);
 }
 
-/// What the widget has done to its text by itself goes to the record.
+/// What the widget has done to its text by itself goes to the record; of a text that was pasted over its
+/// like, the cursor.
 template <class Edit>
 void takeText(Edit& edit, Control& control) {
     if (isShowing()) return;
     act([&] {
         const QString text = textOf(edit);
-        if (text != toQt(control.text))
-            person::edit(control, fromQt(text), charactersTo(text, cursorOf(edit)));
+        const int cursor = charactersTo(text, cursorOf(edit));
+        if (text != toQt(control.text)) {
+            person::edit(control, fromQt(text), cursor);
+        } else {
+            person::moveCursor(control, cursor, 0);
+        }
     });
     showText(edit, control);
 }

@@ -23,7 +23,8 @@ N.boxMajor focused | type N.boxMajor physics | click N.btnBegin | ok Please sele
 type N.boxMajor Physics | tick N.optMale
 # typing stops at 250 characters; a longer text that was pasted is cut by the next key, Backspace passes
 paste N.txtHistory {é*249}xyz | key N.txtHistory 8 | N.txtHistory = {é*249}xy | key N.txtHistory 33
-N.txtHistory = {é*249}x | N.txtHistory.selStart = 250 | key N.txtHistory 8 | key N.txtHistory 33
+N.txtHistory = {é*249}x | N.txtHistory.selStart = 250 | paste N.txtAge -3 | paste N.txtAge -3
+N.txtAge.selStart = 2 | key N.txtHistory 8 | key N.txtHistory 33
 key N.txtHistory 34
 N.txtHistory = {é*249}! | paste N.txtHistory {é*249}!! | draw 0.99x9 0 0 0x3 | key N.txtAge 13 | N L hidden
 T.lblWelcome = Hello Dr. Kim | T.fraStatus T.tabTavix T.fraSymptoms shown | T.lblHealthBorder = Health Monitor
