@@ -182,7 +182,8 @@ NEEDS = {  # programs that a test runs
     "torture.powerCuts": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
     "desktop": ["tavix", "tavixdb"],
-    "signature": ["walk", "tavix-headless", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
+    "signature": ["walk", "tavix-headless", "tavixdb"],
+    "torture.randomPlay": ["walk", "tavix-headless", "tavix-twin", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
     "instrument": ["tavix-headless", "tavix-twin", "tavixdb"],
 }
 TARGETS = ["tavix", "tavixdb"] + sorted({p for ps in NEEDS.values() for p in ps} - {"tavixdb"})

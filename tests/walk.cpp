@@ -1,14 +1,18 @@
 // A walk: presses anything anywhere, in any order, in legal and in refused ways, and looks at what has
-// changed after each act. It plays itself on the records of the headless program and writes down the script
-// of what it did, for the desktop's twin. The same seed walks the same way.
+// changed after each act and at what must hold (tests/walkRules). It plays itself on the records of the
+// headless program and writes down the script of what it did, for the desktop's twin. The same seed walks the
+// same way. A wide walk also types odd texts, closes windows, lets hours pass and signs in as several people.
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <cstdlib>
 #include <deque>
 #include <fstream>
+#include <iostream>
 #include <map>
 #include <random>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -18,6 +22,7 @@
 #include "forms/windows.h"
 #include "headless/player.h"
 #include "stage/openBoxes.h"
+#include "tests/walkRules.h"
 
 namespace {
 
@@ -26,6 +31,7 @@ using Texts = std::vector<std::string>;
 std::minstd_rand numbers;
 std::deque<std::string> ahead;  ///< lines that come before the next choice
 std::set<std::string> changed;  ///< since the last look
+bool wide = false;
 
 std::size_t any(std::size_t count) { return numbers() % count; }
 bool onceIn(std::size_t times) { return any(times) == 0; }
@@ -78,13 +84,73 @@ Texts habit() {
         {"type frmTavix.txtReasoning cough", "key frmTavix.txtReasoning 13"}});
 }
 
-/// Time passes, boxes are answered, and the rest is anything. The answer No to two boxes would end the
-/// program.
+std::string anyName() {
+    return anyOf(Texts{"ada", "ada", "bob", "bob", "Zoë K", "\"  ada \"", "BOB", "\"\"", "o'neil"});
+}
+
+Texts signIn(const std::string& name, const std::string& scenario) {
+    return {"type frmLogin.txtName " + name,
+            "choose frmLogin.cboType " + scenario,
+            "click frmLogin.cmdOk",
+            "type frmNewSubject.txtAge 30",
+            "choose frmNewSubject.boxMajor Art",
+            "click frmNewSubject.btnBegin"};
+}
+
+/// As many notes as make the list full in a few goes; none of them lets time pass.
+Texts manyNotes() {
+    Texts acts{"tab frmTavix.tabTavix 0"};
+    for (std::size_t i = any(40); i > 0; --i) {
+        acts.push_back("paste frmTavix.txtReasoning \"note " + std::to_string(any(30)) + "\"");
+        acts.push_back("click frmTavix.cmdNoteSymptom");
+    }
+    return acts;
+}
+
+Texts allRows() {
+    Texts acts{"click frmTavix.cmdDiagnosis"};
+    for (int i = 0; i < 3; ++i) {
+        const std::string row = "(" + std::to_string(i) + ")";
+        acts.push_back("type frmDiagnosis.cboHypothesis" + row + " " + itemOf(frmDiagnosis.cboHypothesis[0]));
+        acts.push_back("slide frmDiagnosis.hsbBelief" + row + " " + std::to_string(any(101)));
+        acts.push_back("click frmDiagnosis.cmdAdd" + row);
+    }
+    acts.push_back("click frmDiagnosis.cmdDiagnose");
+    return acts;
+}
+
+/// What goes further than a subject does. Most of it leads on, so it comes in several acts.
+Texts wideActs() {
+    static const Texts odd{"it's", "o'\\\"; --", "1e10",        "-99999", "юж 日本 🩺",
+                           "100",  "13",         "999999999999"};
+    const auto signsIn = [] { return signIn(anyName(), itemOf(frmLogin.cboType)); };
+    if (frmLogin.form.visible && !onceIn(3)) return signsIn();
+    switch (any(10)) {
+        case 0: return {"close " + anyOf(Texts{"frmDiagnosis", "frmOptions", "frmNewSubject", "frmSplash"})};
+        case 1: return {onceIn(8) ? "close " + anyOf(Texts{"frmTavix", "frmLogin"}) : "wait 1"};
+        case 2: return {"wait " + std::to_string(any(600'000))};
+        case 3: return {"draw clear", "draw 0.99x4000", "wait 60000"};
+        case 4: return manyNotes();
+        case 5: return allRows();
+        case 6: return {"key " + anyOf(Texts{"frmTavix.cmdRemove", "frmTavix.cmdNextPatient"}) + " 111"};
+        case 7: return {"click frmTavix.cmdDiagnosis", "wait " + std::to_string(any(100'000))};
+        case 8: {
+            const Control& control = *anyOf(allControls());
+            const bool holds = control.kind == Kind::TextBox || control.kind == Kind::ComboBox;
+            return {(holds ? "paste " + fullName(control) + " " : "type frmOptions.txtInitScore ") +
+                    quoted(anyOf(odd))};
+        }
+        default: return {"click frmOptions.cmdStart", "click frmTavix.cmdNextPatient"};
+    }
+}
+
+/// Time passes, boxes are answered, and the rest is anything. The answer No to two boxes ends the program.
 std::string nextAct() {
     if (windows::boxInFront() && !onceIn(4)) {
         const MessageBox& box = openBoxes::newest()->box;
         const bool last = box.title == "All Patients Diagnosed" || box.title == "Problems opening table";
-        return "answer " + (last ? "Yes" : anyOf(openBoxes::buttonsOf(box)));
+        const bool stays = last && !(wide && onceIn(3));
+        return "answer " + (stays ? "Yes" : anyOf(openBoxes::buttonsOf(box)));
     }
     if (onceIn(16)) return "draw " + anyOf(Texts{"0x250", "0.99x250", "0.5x400", "clear", "0.3x60 0.7x60"});
     if (onceIn(5)) return "wait " + std::to_string(onceIn(5) ? any(40000) : any(1500));
@@ -100,6 +166,7 @@ std::string nextAct() {
 }
 
 void note(const Control& control, Property property) {
+    walkRules::note(control, property);
     if (property == Property::Press) return;
     static const std::map<Property, std::string> names{
         {Property::Place, "height"},    {Property::Visible, "visible"}, {Property::Enabled, "enabled"},
@@ -123,7 +190,7 @@ void look() {
     for (std::size_t i = 0; i < std::min<std::size_t>(changed.size(), 6); ++i)
         ahead.push_back("try get " + anyOf(changed));
     changed.clear();
-    if (onceIn(3)) ahead.push_back("state " + anyOf(fields));
+    if (onceIn(3)) ahead.push_back((wide ? "try state " : "state ") + anyOf(fields));
 }
 
 /// Looks at the whole design, and signs in. The scenarios take turns with the seeds.
@@ -135,10 +202,71 @@ void openSession(std::uint64_t seed) {
             ahead.push_back(fmt::format("try get {}.{}", fullName(*control), property));
     }
     const Texts& scenarios = frmLogin.cboType.items;
-    plan({"type frmLogin.txtName " + anyOf(Texts{"ada", "bob"}),
-          "choose frmLogin.cboType " + quoted(scenarios[seed % scenarios.size()]), "click frmLogin.cmdOk",
-          "type frmNewSubject.txtAge 30", "choose frmNewSubject.boxMajor Art",
-          "click frmNewSubject.btnBegin"});
+    const std::string name = wide && onceIn(3) ? anyName() : anyOf(Texts{"ada", "bob"});
+    plan(signIn(name, quoted(scenarios[seed % scenarios.size()])));
+}
+
+/// What was played, and what came of it.
+struct Walked {
+    std::ofstream script;
+    std::string act;  ///< the last one
+    int acts = 0;
+} walked;
+
+[[noreturn]] void fail(const std::string& reason) {
+    std::cout.flush();
+    walked.script.flush();
+    std::fprintf(stderr, "after %d acts, the last of them \"%s\": %s\n", walked.acts, walked.act.c_str(),
+                 reason.c_str());
+    std::_Exit(4);
+}
+
+std::string give(const std::string& line) {
+    walked.script << line << '\n';
+    const bool looks = line.starts_with("try get ") || line.starts_with("try state ");
+    if (line.starts_with("try ") && !looks) {
+        walked.act = line;
+        ++walked.acts;
+    }
+    return line;
+}
+
+/// Looks at all that must hold, if there was an act since the last look.
+void judge() {
+    static int judged = 0;
+    if (judged == walked.acts) return;
+    judged = walked.acts;
+    const std::string wrong = walkRules::broken();
+    if (!wrong.empty()) fail(wrong);
+}
+
+std::optional<std::string> nextLine(std::uint64_t seed, int& choices) {
+    static bool begun = false;
+    if (!begun) {
+        walkRules::begin();
+        openSession(seed);
+    }
+    begun = true;
+    judge();
+    if (ahead.empty()) look();
+    if (ahead.empty() && onceIn(10)) plan(habit());
+    if (ahead.empty() && --choices < 0) {
+        walked.act.clear();
+        return std::nullopt;
+    }
+    if (ahead.empty()) plan(wide && onceIn(12) ? wideActs() : Texts{nextAct()});
+    const std::string line = ahead.front();
+    ahead.pop_front();
+    return give(line);
+}
+
+/// Judges the end; a line for the tally: acts, and the name of the end.
+std::string endOf(const std::string& report) {
+    const std::string end = walkRules::endName(walked.act, report);
+    if (end.empty()) fail("an end that nobody knows: " + report);
+    const std::string wrong = walkRules::brokenRows();
+    if (!wrong.empty()) fail(wrong);
+    return std::to_string(walked.acts) + "\t" + end + "\n";
 }
 
 }  // namespace
@@ -149,27 +277,23 @@ int main(int argc, char** argv) {
     std::uint64_t seed = 1;
     int actions = 300;
     std::string scriptFile;
+    std::string tallyFile;
     app.add_option("--folder", start.folder);
     app.add_option("--seed", seed);
     app.add_option("--actions", actions);
     app.add_option("--script", scriptFile, "what was played, for another program");
+    app.add_option("--tally", tallyFile, "a line is added: how many acts, and how it ended");
+    app.add_flag("--wide", wide);
     CLI11_PARSE(app, argc, argv);
 
     numbers.seed(static_cast<unsigned>(seed));
-    std::ofstream script(scriptFile);
-    bool begun = false;
-    return player::playSession(
-        [&]() -> std::optional<std::string> {
-            if (!begun) openSession(seed);
-            begun = true;
-            if (ahead.empty()) look();
-            if (ahead.empty() && onceIn(10)) plan(habit());
-            if (ahead.empty() && --actions < 0) return std::nullopt;
-            if (ahead.empty()) plan({nextAct()});
-            const std::string line = ahead.front();
-            ahead.pop_front();
-            script << line << '\n';
-            return line;
-        },
-        start, seed);
+    walked.script.open(scriptFile);
+    std::ostringstream report;
+    std::streambuf* const errors = std::cerr.rdbuf(report.rdbuf());
+    const int status = player::playSession([&] { return nextLine(seed, actions); }, start, seed);
+    std::cerr.rdbuf(errors);
+    std::cerr << report.str();
+    const std::string line = endOf(report.str());
+    std::ofstream(tallyFile, std::ios::app) << line;
+    return status;
 }

@@ -1,5 +1,6 @@
 // tavix-twin: the desktop program played by a script in virtual time, by mouse and keys on its real widgets.
-// It takes the same scripts as tavix-headless and prints the same transcript.
+// It takes the same scripts as tavix-headless and prints the same transcript. After each command it looks at
+// its widgets (screenRules), and ends with status 4 where they are not as they must be.
 #include <CLI/CLI.hpp>
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include "qt/mirror.h"
 #include "qt/screenPicture.h"
 #include "screens/wiring.h"
+#include "tests/twin/screenRules.h"
 #include "tests/twin/widgetPerson.h"
 #include "trial/run/run.h"
 
@@ -33,6 +35,21 @@ Host twinHost() {
         std::_Exit(status);
     };
     return host;
+}
+
+/// The lines of the script, each handed out after a look at what the one before has left on the screen.
+player::Lines watched(player::Lines lines) {
+    return [lines = std::move(lines), last = std::string()]() mutable {
+        const std::string wrong = last.starts_with("try get ") ? std::string() : screenRules::broken();
+        if (!wrong.empty()) {
+            std::cout.flush();
+            std::cerr << "after \"" << last << "\": " << wrong << std::endl;
+            std::_Exit(4);
+        }
+        const std::optional<std::string> line = lines();
+        last = line.value_or("");
+        return line;
+    };
 }
 
 void play() {
@@ -67,7 +84,7 @@ int main(int argc, char** argv) {
     look::apply(dark);
     randomSource::fixState(seed);
     wiring::wireForms();
-    if (!player::begin(player::linesOf(scriptFile.empty() ? std::cin : file), widgetPerson::make(),
+    if (!player::begin(watched(player::linesOf(scriptFile.empty() ? std::cin : file)), widgetPerson::make(),
                        options)) {
         std::cerr << "--now: \"" << options.now << "\" is no date and time (2026-01-05 09:30:00)\n";
         return 1;

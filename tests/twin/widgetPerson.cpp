@@ -153,7 +153,8 @@ void paste(Control& control, const std::string& wanted) {
     must::be(control, {Kind::TextBox, Kind::ComboBox}, "box to paste into");
     onWidget(control, [&](QWidget* widget) {
         QWidget* target = keyTarget(widget);
-        QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+        // What takes no paste keeps what is selected in it.
+        if (!control.readOnly && !control.typedOnly) QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
         QApplication::clipboard()->setText(QString::fromStdString(wanted));
         if (wanted.empty()) QTest::keyClick(target, Qt::Key_Delete);
         QTest::keyClick(target, Qt::Key_V, Qt::ControlModifier);
