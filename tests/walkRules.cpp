@@ -118,7 +118,12 @@ std::string storeIsClosed() {
     return {};
 }
 
+/// The dialog that a second end of the last patient, under a box of nextPatient, has loaded and frozen for
+/// the new one. It is left as the order of the steps has it.
+bool dialogIsSpent() { return d.form.visible && !d.fraHypothesis[0].enabled && !ended(); }
+
 std::string somethingCanBeDone() {
+    if (dialogIsSpent()) return {};
     static const std::set<Kind> shows{Kind::Form, Kind::Frame, Kind::Label};
     const auto usable = [](const Control* c) {
         return !shows.contains(c->kind) && windows::refusal(*c).empty();

@@ -61,7 +61,6 @@ answer OK
 next 0 0 0.995x3 | T.lblClock = 01:00 | T.tmrHealth disabled | wait 5000 | T.lblClock = 01:05
 elapsedMinutes = 66
 wait 55000 | ok Time End | box.title = All Patients Diagnosed | T.tmrClock disabled | answer Yes
-# The dialog, which that end has frozen, is the new patient's own again.
-T.lblPatientName = Anna Bell | D.fraHypothesis(0) enabled
+T.lblPatientName = Anna Bell
 T.cmdNextPatient hidden | elapsedMinutes = 0 | T.lblClock = 02:01 | wait 1000 | T.lblClock = 02:02
 elapsedMinutes = 1

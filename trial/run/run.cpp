@@ -148,9 +148,6 @@ void startTrial() {
     showOptionsOrStart();
     modSymptom::resetSymptomNotes();
     modPatient::nextPatient();
-    // The clock runs already: under a box of nextPatient a last result, or the last patient's second end,
-    // loads the dialog once more, and leaves it frozen.
-    if (frmDiagnosis.isLoaded) unloadDiagnosis();
     modHealth::resetHealth();
     modTests::resetTests();
     runHook(runHooks().setupPatientDisplay);
