@@ -7,8 +7,10 @@
 #include "headless/commands.h"
 #include "headless/player.h"
 #include "platform/files.h"
+#include "platform/privacy.h"
 
 int main(int argc, char** argv) {
+    privacy::begin();
     CLI::App app{"Plays Tavix without a screen, by a script and in virtual time."};
     scriptedHost::Start options{files::folderOfProgram(), "2026-01-05 09:30:00"};
     std::uint64_t seed = 1;

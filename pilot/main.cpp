@@ -10,6 +10,7 @@
 #include "pilot/policies.h"
 #include "pilot/runReport.h"
 #include "platform/files.h"
+#include "platform/privacy.h"
 #include "study/pilotReport.h"
 
 namespace {
@@ -121,6 +122,7 @@ void addOptions(CLI::App& app, Run& run, Given& given) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    privacy::begin();
     CLI::App app{"Plays Tavix with simulated subjects, to see what a scenario does before people come."};
     Run run;
     run.setup.folder = files::folderOfProgram();

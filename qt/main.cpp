@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/pictures.h"
+#include "platform/privacy.h"
 #include "platform/randomSource.h"
 #include "qt/boxes.h"
 #include "qt/desktopTheme.h"
@@ -58,6 +59,7 @@ Host desktopHost() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    privacy::begin();
     QApplication app(argc, argv);
     QApplication::setApplicationName("Tavix");
     QApplication::setQuitOnLastWindowClosed(false);

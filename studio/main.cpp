@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include "platform/privacy.h"
 #include "qt/desktopTheme.h"
 #include "qt/emblem.h"
 #include "qt/look.h"
@@ -11,6 +12,7 @@
 #include "studio/workspace.h"
 
 int main(int argc, char** argv) {
+    privacy::begin();
     CLI::App arguments{"Makes, checks, tries and watches studies in a window."};
     std::string study;
     arguments.add_option("STUDY", study, "the folder of a study, or its store; it is opened at once");

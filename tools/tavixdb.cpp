@@ -2,9 +2,11 @@
 #include <iostream>
 #include <vector>
 
+#include "platform/privacy.h"
 #include "tools/commands.h"
 
 int main(int argc, char** argv) {
+    privacy::begin();
     CLI::App app{"Makes store files for Tavix, shows how a study goes on, and takes its data out."};
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Print the help of every command and exit");
