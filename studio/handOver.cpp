@@ -17,7 +17,6 @@
 #include <stdexcept>
 #include <stop_token>
 
-#include "platform/files.h"
 #include "studio/background.h"
 #include "studio/exportDialog.h"
 #include "studio/notices.h"
@@ -90,7 +89,7 @@ std::string beside(const char* ending) { return workspace::folder() + ending; }
 /// A folder of this program's own for the page, which goes when the program ends: it holds names.
 std::string reportFolder() {
     static const auto folder = [] {
-        const std::string made = files::freshFolder("tavix-report");
+        const std::string made = workspace::ownFolder();
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, [made] {
             std::error_code failed;
             fs::remove_all(made, failed);

@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     workspace::setDraftRoot((own + "/drafts").toStdString());
     window::show();
-    QTimer::singleShot(0, workspace::sweepRehearsals);
+    QTimer::singleShot(0, workspace::sweepFolders);
     if (!study.empty()) QTimer::singleShot(0, [study] { window::open(study); });
     return QApplication::exec();
 }

@@ -37,9 +37,9 @@ struct State {
     std::optional<bookDraft::Draft> draft = {};
 };
 
-constexpr std::chrono::seconds pause{2};                  // in typing, behind which a new step begins
-constexpr std::chrono::seconds patience{2};               // for what reads the results
-constexpr const char* rehearsalBegins = "tavix-studio-";  // in front of the process that made it
+constexpr std::chrono::seconds pause{2};               // in typing, behind which a new step begins
+constexpr std::chrono::seconds patience{2};            // for what reads the results
+constexpr const char* folderBegins = "tavix-studio-";  // in front of the process that made it
 
 std::string draftRoot;
 State state;
@@ -269,9 +269,12 @@ void takeAsSaved() {
     tell();
 }
 
+std::string ownFolder() {
+    return files::freshFolder(fmt::format("{}{}", folderBegins, companion::ownNumber()));
+}
+
 std::string rehearsal(const Part& part) {
-    const std::string place =
-        files::freshFolder(fmt::format("{}{}", rehearsalBegins, companion::ownNumber()));
+    const std::string place = ownFolder();
     book::Book played = state.history.now;
     if (!part.scenario.empty()) {
         for (const std::string& name : bookScenarios::namesOf(played)) {
@@ -289,12 +292,12 @@ std::string rehearsal(const Part& part) {
     return place;
 }
 
-void sweepRehearsals() {
+void sweepFolders() {
     std::error_code failed;
     for (const fs::directory_entry& entry : fs::directory_iterator(fs::temp_directory_path(failed), failed)) {
         const std::string name = entry.path().filename().string();
-        if (!name.starts_with(rehearsalBegins)) continue;
-        const long maker = std::strtol(name.c_str() + std::strlen(rehearsalBegins), nullptr, 10);
+        if (!name.starts_with(folderBegins)) continue;
+        const long maker = std::strtol(name.c_str() + std::strlen(folderBegins), nullptr, 10);
         if (maker > 0 && !companion::isRunning(maker)) fs::remove_all(entry.path(), failed);
     }
 }

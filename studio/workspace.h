@@ -70,12 +70,16 @@ struct Part {
     bool operator==(const Part&) const = default;
 };
 
+/// A new folder among the temporary ones, into which nobody else can look. Whoever asks for it removes it; of
+/// a window that is killed the next one does.
+std::string ownFolder();
+
 /// A folder in which that part of the study as it is now can be played; the caller removes it. Throws
 /// std::exception.
 std::string rehearsal(const Part& part);
 
-/// Removes what windows that were killed have left of theirs.
-void sweepRehearsals();
+/// Removes the folders of windows that were killed.
+void sweepFolders();
 
 /// Where the bytes of a file of Patients/ stand now.
 std::string fileOf(const std::string& name);
