@@ -181,6 +181,8 @@ Database openHandle(const std::string& path, int flags) {
     if (sqlite3_open_v2(path.c_str(), &database->handle, flags, nullptr) != SQLITE_OK) fail(*database);
     require(sqlite3_busy_handler(database->handle, waitForLock, database.get()));
     require(sqlite3_create_collation(database->handle, "NOCASE", SQLITE_UTF8, nullptr, compareTexts));
+    // What is sorted or set aside: in a file of its own it would not be encrypted.
+    execute(*database, "PRAGMA temp_store = MEMORY");
     return database;
 }
 
