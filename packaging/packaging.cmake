@@ -50,6 +50,21 @@ if(HELP2MAN)
 else()
   message(STATUS "No help2man: the manual pages are left out")
 endif()
+
+# What the programs are made of and need, as this machine's packages tell it.
+find_program(DPKG_QUERY dpkg-query)
+find_package(Python3 COMPONENTS Interpreter)
+if(DPKG_QUERY AND Python3_FOUND)
+  set(list ${CMAKE_BINARY_DIR}/sbom.cdx.json)
+  list(TRANSFORM programs REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE files)
+  add_custom_command(OUTPUT ${list} DEPENDS ${programs} script/sbom VERBATIM
+    COMMAND sh -ec "script=$1; list=$2; shift 2; \"$script\" \"$@\" >\"$list.new\"; mv \"$list.new\" \"$list\""
+            sh ${CMAKE_SOURCE_DIR}/script/sbom ${list} ${PROJECT_VERSION} ${files})
+  list(APPEND made ${list})
+  install(FILES ${list} DESTINATION share/doc/tavix)
+else()
+  message(STATUS "No dpkg-query or no Python: the list of parts is left out")
+endif()
 add_custom_target(madeForInstall ALL DEPENDS ${made})
 
 set(CPACK_GENERATOR DEB)
