@@ -34,6 +34,8 @@ m('P09', 'platform/fault.cpp', "Run-time error '{}':\\n{}", "Run-time error '{}'
 m('P11', 'platform/text.cpp', 'u_foldCase(letter, U_FOLD_CASE_DEFAULT)', 'letter', 'accented letters have two cases')
 m('P12', 'platform/files.cpp', '    static_cast<void>(synchronize(folder));\n    std::filesystem::rename', '    std::filesystem::rename', 'a journal that is gone does not come back beside a new store', K)
 m('P13', 'platform/list.h', 'index < 0 || index >= size()', 'index < 0 || index > size()', 'index out of range is a fault')
+m('P15', 'platform/privacy.cpp', 'std::min<rlim_t>(core.rlim_max, 1)', 'core.rlim_max', 'a crash leaves no core file')
+m('P17', 'platform/privacy.cpp', '    ::umask(::umask(S_IRWXO) | S_IRWXO);\n', '', 'new files are not for everybody')
 # ---- forms
 m('F02', 'forms/control.cpp', '    control.selected.erase(control.selected.begin() + index);\n', '    control.selected.pop_back();\n', 'a removed line takes its selection with it')
 m('F04', 'forms/windows.cpp', 'void hide(Control& form) {\n    std::erase(modals(), &form);\n', 'void hide(Control& form) {\n', 'a hidden modal form is modal no more, at once')
@@ -54,6 +56,8 @@ m('T04', 'store/layer/engine.cpp', '    require(sqlite3_create_collation(databas
 m('T06', 'store/layer/engine.cpp', '        execute(database, "BEGIN EXCLUSIVE");', '        execute(database, "BEGIN");', 'a writable set takes the file at once', K)
 m('T08', 'store/layer/openTable.cpp', 'readOnly ? engine::Access::Read : engine::Access::Write', 'engine::Access::Write', 'a snapshot is opened for reading')
 m('T10', 'store/layer/engine.cpp', '    execute(database, "COMMIT");\n    execute(database, "BEGIN EXCLUSIVE");\n', '', 'Update is on the disk when it returns', K)
+m('T12', 'store/layer/engine.cpp', '    delete connection;\n', '', 'what a connection held goes with it')
+m('T14', 'store/layer/engine.cpp', '    execute(*database, "PRAGMA temp_store = MEMORY");\n', '    execute(*database, "PRAGMA temp_store = FILE");\n', 'what the engine sets aside is no file')
 m('T12', 'store/layer/recordSet.cpp', 'return !isNull() && number() != 0.0;', 'return !isNull() && number() == 1.0;', '-1 is true')
 m('T14', 'store/layer/keyDerivation.cpp', 'known[{password, salt}]', 'known[{password, Salt{}}]', 'a key belongs to its salt')
 m('T16', 'store/layer/schema.cpp', '{{"H", "", "belief of the row in percent", 6, true}}', '{{"H", "", "belief of the row in percent", 4, true}}', 'six columns of beliefs')
@@ -185,6 +189,7 @@ NEEDS = {  # programs that a test runs
     "signature": ["walk", "tavix-headless", "tavixdb"],
     "torture.randomPlay": ["walk", "tavix-headless", "tavix-twin", "tavixdb"], "script.": ["tavix-headless", "tavix-twin", "tavixdb"],
     "instrument": ["tavix-headless", "tavix-twin", "tavixdb"],
+    "security": ["tavix-headless", "tavix-twin", "tavixdb"], "torture.soak": ["tavix-headless", "tavix-twin", "tavixdb"],
 }
 TARGETS = ["tavix", "tavixdb"] + sorted({p for ps in NEEDS.values() for p in ps} - {"tavixdb"})
 
