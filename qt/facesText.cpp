@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -86,6 +87,9 @@ void replace(QPlainTextEdit& area, Span span, const QString& by) {
 }
 void setWhole(QPlainTextEdit& area, const QString& text) { area.setPlainText(text); }
 bool isPersons(const QPlainTextEdit& /*area*/) { return true; }
+
+/// Left alone a line cuts what is pasted at 32,767 characters and does not say so.
+constexpr int anyLength = std::numeric_limits<int>::max();
 
 /// Cursor and selection of the record. A text that cannot be written in begins with its first lines in view.
 template <class Edit>
@@ -217,6 +221,7 @@ void showItems(QComboBox& box, const Control& control) {
 
 Face lineEdit(Control& control, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
+    edit->setMaxLength(anyLength);
     edge::connect(edit, &QLineEdit::textChanged, [edit, &control] { takeText(*edit, control); });
     hookCursor(edit, control);
     hookKeys(edit, control);
@@ -268,6 +273,7 @@ Face comboBox(Control& control, QWidget* parent) {
     box->setFocusPolicy(Qt::StrongFocus);  // the wheel alone gives no focus, and so chooses nothing
     comboArrow::add(box);
     QLineEdit* edit = box->lineEdit();
+    edit->setMaxLength(anyLength);
     edit->setPlaceholderText(toQt(control.prompt));
     const auto showChoice = [box, edit, &control] {
         followText(*box, control);
