@@ -23,20 +23,6 @@ const Control& rootOf(const Control& control) {
     return *at;
 }
 
-bool takesFocus(Kind kind) {
-    switch (kind) {
-        case Kind::Button:
-        case Kind::TextBox:
-        case Kind::TickBox:
-        case Kind::OptionButton:
-        case Kind::ComboBox:
-        case Kind::ListBox:
-        case Kind::ScrollBar:
-        case Kind::TabControl: return true;
-        default: return false;
-    }
-}
-
 /// What is typed first into a combo box that has taken the focus replaces its text: it is selected until the
 /// focus goes on.
 void takeFocus(Control& control) {
@@ -79,6 +65,20 @@ bool holdsUpward(const Control& control, Test test) {
 }
 
 }  // namespace
+
+bool takesFocus(Kind kind) {
+    switch (kind) {
+        case Kind::Button:
+        case Kind::TextBox:
+        case Kind::TickBox:
+        case Kind::OptionButton:
+        case Kind::ComboBox:
+        case Kind::ListBox:
+        case Kind::ScrollBar:
+        case Kind::TabControl: return true;
+        default: return false;
+    }
+}
 
 void show(Control& form) {
     form.modal = false;

@@ -30,6 +30,9 @@ Control* topModal();
 /// Forgets what is modal, for a run that begins anew.
 void reset();
 
+/// Whether a person works with controls of this kind.
+bool takesFocus(Kind kind);
+
 /// Gives the focus to a control. One that cannot take it (hidden, disabled, or of a kind that takes none)
 /// leaves it where it is: what the program would like to point at may be gone by the time it is said.
 void setFocus(Control& control);

@@ -49,8 +49,8 @@ struct Rows {
     std::vector<std::vector<Value>> rows;
 };
 
-/// Opens an existing file that holds tables; never creates one. An empty password opens it without a key. With Access::Read
-/// nothing can be changed, yet the journal of a killed program is still rolled back.
+/// Opens an existing file that holds tables; never creates one. An empty password opens it without a key.
+/// With Access::Read nothing can be changed, yet the journal of a killed program is still rolled back.
 Database open(const std::string& path, const std::string& password, Access access);
 
 /// Makes a new encrypted file; an existing one is an error.

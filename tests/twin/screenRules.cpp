@@ -19,17 +19,7 @@ namespace screenRules {
 namespace {
 
 bool takesInput(const Control& control) {
-    switch (control.kind) {
-        case Kind::Button:
-        case Kind::TextBox:
-        case Kind::TickBox:
-        case Kind::OptionButton:
-        case Kind::ComboBox:
-        case Kind::ListBox:
-        case Kind::ScrollBar:
-        case Kind::TabControl: return true;
-        default: return control.kind == Kind::Label && control.on.doubleClick;
-    }
+    return windows::takesFocus(control.kind) || (control.kind == Kind::Label && control.on.doubleClick);
 }
 
 bool onPageThatIsUp(const Control& control) {
