@@ -42,7 +42,7 @@ struct Bare {
         sqlite3* database = nullptr;
         require(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr));
         require(sqlite3_key(database, key.data(), static_cast<int>(key.size())));
-        require(sqlite3_exec(database, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
+        require(sqlite3_exec(database, "PRAGMA synchronous = EXTRA", nullptr, nullptr, nullptr));
         sqlite3_stmt* row = nullptr;
         require(sqlite3_prepare_v2(database, statement, -1, &row, nullptr));
         int place = 0;
