@@ -1,7 +1,8 @@
 # What makes a fault in the program harder to use against whoever runs it: calls that know the size of their
 # buffers, guarded stacks, marked targets of jumps (which count once the C library of the distribution is built
-# so, too), code at addresses drawn anew at each start, and tables of the linker that are read-only from then on. Not under the sanitizers, which bring their own and see more, nor without
-# optimisation, where the checked calls do nothing but warn. tests/security looks at the programs.
+# so, too), code at addresses drawn anew at each start, and tables of the linker that are read-only from then
+# on. Not under the sanitizers, which bring their own and see more, nor without optimisation, where the checked
+# calls do nothing but warn. tests/security looks at the programs.
 
 if(NOT CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang" OR TAVIX_SANITIZE OR NOT CMAKE_BUILD_TYPE MATCHES "Rel")
   return()
