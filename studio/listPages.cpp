@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 
 #include "studio/askName.h"
-#include "studio/fields.h"
 #include "studio/grid.h"
 #include "studio/rowDeeds.h"
 #include "studio/workspace.h"

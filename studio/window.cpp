@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
@@ -20,8 +19,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <memory>
-#include <optional>
 #include <utility>
 
 #include "qt/eventHook.h"
