@@ -115,12 +115,16 @@ void report(const std::string& patient) {
 
 exportDataset::Request& lastRequest() {
     static exportDataset::Request request;
+    static std::string wanted;  // as it was before a number came behind it
+    static std::string offered;
     if (request.file != workspace::store())
         request = {
             .file = workspace::store(), .folder = beside("-dataset"), .pseudonyms = beside("-key.csv")};
+    if (request.folder != offered) wanted = request.folder;
     // What an export has made is never written over.
-    const std::string wanted = request.folder;
-    for (int i = 2; fs::exists(request.folder); ++i) request.folder = fmt::format("{}-{}", wanted, i);
+    offered = wanted;
+    for (int i = 2; fs::exists(offered); ++i) offered = fmt::format("{}-{}", wanted, i);
+    request.folder = offered;
     return request;
 }
 

@@ -52,17 +52,16 @@ std::string draftFolder(const std::string& folder = state.folder) {
     return fmt::format("{}/{:016x}", draftRoot, std::hash<std::string>{}(folder));
 }
 
-/// Takes the study of this folder for this window; false while another window has it, for two of them would
+using Turn = std::unique_ptr<QLockFile>;
+
+/// This window's turn at the study of this folder; none while another window has it, for two of them would
 /// write one draft.
-bool takeTurn(const std::string& folder) {
-    static std::unique_ptr<QLockFile> held;
-    if (folder == state.folder && held) return true;
+Turn turnAt(const std::string& folder) {
     fs::create_directories(draftRoot);
     auto lock = std::make_unique<QLockFile>(QString::fromStdString(draftFolder(folder) + ".lock"));
     lock->setStaleLockTime(0);
-    if (!lock->tryLock() && lock->error() == QLockFile::LockFailedError) return false;
-    held = std::move(lock);
-    return true;
+    if (!lock->tryLock() && lock->error() == QLockFile::LockFailedError) return {};
+    return lock;
 }
 
 void tell() {
@@ -70,17 +69,19 @@ void tell() {
     for (const auto& heard : listeners) heard();
 }
 
-std::optional<bookDraft::Draft> draftOfThis() {
-    std::optional<bookDraft::Draft> draft = bookDraft::find(draftFolder());
-    if (draft && draft->study != store()) draft.reset();
+/// What was not saved of the study of this folder, if it differs from what is saved now.
+std::optional<bookDraft::Draft> draftOf(const std::string& folder, const book::Book& saved) {
+    std::optional<bookDraft::Draft> draft = bookDraft::find(draftFolder(folder));
+    if (draft && (draft->study != storeIn(folder) || book::same(draft->now, saved))) draft.reset();
     return draft;
 }
 
-void start(const std::string& folder, book::Book opened) {
-    state.folder = folder;
-    state.history = bookHistory::begin(std::move(opened));
-    state.draft = draftOfThis();
-    if (state.draft && book::same(state.draft->now, state.history.now)) state.draft.reset();
+/// What was open stays so until nothing can fail any more.
+void start(const std::string& folder, book::Book opened, Turn turn) {
+    static Turn held;
+    std::optional<bookDraft::Draft> draft = draftOf(folder, opened);
+    state = {folder, bookHistory::begin(std::move(opened)), {}, std::move(draft)};
+    if (turn) held = std::move(turn);
     bookDraft::tidy(draftFolder());
     tell();
 }
@@ -148,9 +149,10 @@ std::string open(const std::string& place) {
                 check::look(book::studyOf(*opened, place));
             });
         if (!waited) return fmt::format("{} was not waited for.", store);
-        if (!takeTurn(folder.string()))
+        Turn turn;
+        if (folder != state.folder && !(turn = turnAt(folder.string())))
             return fmt::format("{} stands open in another window of this program.", folder.string());
-        start(folder.string(), std::move(*opened));
+        start(folder.string(), std::move(*opened), std::move(turn));
     } catch (const std::exception& error) {
         return error.what();
     }
