@@ -102,7 +102,7 @@ void judgeFlags(Study& study, int row) {
 }
 
 /// What the clock needs as a number; nothing where its finding is enough.
-std::optional<int> startOf(Study& study, int row, const char* column, int most, bool mustBeNumber) {
+std::optional<int> startOf(Study& study, int row, const char* column, int most) {
     const Sheet& options = study.sheet("tblAppDefault");
     const std::string text = options.text(row, column);
     const double value = numberText::toNumber(text);
@@ -110,11 +110,6 @@ std::optional<int> startOf(Study& study, int row, const char* column, int most, 
     if (options.isEmpty(row, column)) {
         study.warn(options, row, column, "The value is empty and counts as 0.");
         return 0;
-    }
-    if (!numberText::isNumeric(text) && mustBeNumber) {
-        study.error(options, row, column,
-                    fmt::format("\"{}\" is no number: the program ends after the sign-in.", text));
-        return {};
     }
     if (value > most || value < 0) {
         study.error(
@@ -183,8 +178,8 @@ void clock(Study& study) {
         const int row = scenario.row;
         const auto minutes = study.wholeWithin(sheet, row, "Time", 1, 30, Grade::Error, refused);
         const auto rate = study.wholeWithin(sheet, row, "SimRate", 1, 20, Grade::Error, refused);
-        const auto hour = startOf(study, row, "StartHour", 12, false);
-        const auto minute = startOf(study, row, "StartMin", 59, true);
+        const auto hour = startOf(study, row, "StartHour", 12);
+        const auto minute = startOf(study, row, "StartMin", 59);
         if (minute && *minute != 0)
             study.note(
                 sheet, row, "StartMin",

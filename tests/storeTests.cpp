@@ -133,7 +133,8 @@ TEST_F(Store, LooksUpTheSameRowsInTheSameOrderWithItsIndexesAndWithout) {
         "('\u212Aim', 3, 4), ('\u00C9lan', 1, 5), ('\u00E9LAN', 1, 6), (NULL, 3, 7), ('kim', 3, 8)");
     study.change(
         "INSERT INTO dataGetSymptoms (EventID, Deleted, ListItem) VALUES ('Kim03_2', 6, 'a'), "
-        "('kim03_1', 0, 'A or b'), ('kim031', 0, 'a'), ('KIM03_', NULL, 'a or b'), ('kim3_', 0, 'a')");
+        "('kim03_1', 0, 'A or b'), ('kim031', 0, 'a'), ('KIM03_', NULL, 'a or b'), ('kim3_', 0, 'a'), "
+        "('o''b_1', 0, 'a')");
     const auto delivered = [](const std::string& source, bool readOnly, const char* column) {
         std::string list;
         RecordSet rows = openTable(source, readOnly, "test");
@@ -150,9 +151,11 @@ TEST_F(Store, LooksUpTheSameRowsInTheSameOrderWithItsIndexesAndWithout) {
                delivered(
                    "SELECT * FROM [dataGetSymptoms] WHERE [dataGetSymptoms.EventID] Like 'kim03_*' AND "
                    "NOT [dataGetSymptoms.Deleted] AND [dataGetSymptoms.ListItem]='a or b'",
-                   false, "EventID");
+                   false, "EventID") +
+               delivered("SELECT * FROM [dataGetSymptoms] WHERE [dataGetSymptoms.EventID] Like 'O''B_*'",
+                         false, "EventID");
     };
-    constexpr const char* expected = "1 2 4 8 / 2 4 8 / 2 4 8 1 / 1 5 6 / / kim03_1 KIM03_ ";
+    constexpr const char* expected = "1 2 4 8 / 2 4 8 / 2 4 8 1 / 1 5 6 / / kim03_1 KIM03_ o'b_1 ";
     EXPECT_EQ(all(), expected);
     EXPECT_EQ(
         tool("PRAGMA integrity_check; SELECT count(*) FROM dataTrial INDEXED BY [dataTrial by Subject];"),
@@ -180,7 +183,11 @@ TEST_F(Store, FailuresAskWithTheCallersStatusWhileTheFileIsFree) {
         EXPECT_FALSE(isLocked()) << boxes.back();
         return Answer::No;
     };
-    EXPECT_THROW(openTable("SELECT * FROM [x] WHERE [x.a]='O'Brien'", true, "s"), Stopped);
+    for (const char* name : {"O'Brien", "kim'; ", "kim'--", "kim' /*", "kim'; SELECT 'x"})
+        EXPECT_THROW(
+            openTable(std::string("SELECT * FROM [dataTrial] WHERE [Subject]='") + name + "'", true, "s"),
+            Stopped)
+            << name;
     EXPECT_THROW(openTable("noSuchTable", false, "s"), Stopped);
     writeFile(study.storePath(), std::string(4096, 'x'));
     EXPECT_THROW(subjectCount(), Stopped);

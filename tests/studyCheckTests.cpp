@@ -79,7 +79,7 @@ TEST(StudyCheck, NamesEachFaultAtItsPlaceAndNothingElse) {
              {"UPDATE tblAppDefault SET Time=31 WHERE rowid=2", "error tblAppDefault 2 Time"},
              {"UPDATE tblAppDefault SET Time=28, SimRate=20 WHERE rowid=2", "error tblAppDefault 2 Time"},
              {"UPDATE tblAppDefault SET StartHour=-1 WHERE rowid=1", "error tblAppDefault 1 StartHour"},
-             {"UPDATE tblAppDefault SET StartMin='x' WHERE rowid=1", "error tblAppDefault 1 StartMin"},
+             {"UPDATE tblAppDefault SET StartMin='x' WHERE rowid=1", "warning tblAppDefault 1 StartMin"},
              {"UPDATE tblAppDefault SET StartHour=9 WHERE rowid=1", "warning tblAppDefault 1 StartHour"},
              {"UPDATE tblAppDefault SET StartHour=11, Time=1 WHERE rowid=1",
               "error tblAppDefault 1 StartHour"},

@@ -17,10 +17,13 @@ bool standsAt(const std::string& source, std::size_t at, std::string_view word) 
 
 bool isSelect(const std::string& source) { return standsAt(source, 0, selectWord); }
 
-/// Length of the [...] or '...' that begins at `at`; up to the end of the source if it is not closed.
+/// Length of the [...] or '...' that begins at `at`; up to the end of the source if it is not closed. Two
+/// apostrophes within a text are one of its characters.
 std::size_t enclosedLength(const std::string& source, std::size_t at) {
     const char close = source[at] == '[' ? ']' : '\'';
-    const std::size_t end = source.find(close, at + 1);
+    std::size_t end = source.find(close, at + 1);
+    while (close == '\'' && end != std::string::npos && standsAt(source, end + 1, "'"))
+        end = source.find(close, end + 2);
     return (end == std::string::npos ? source.size() : end + 1) - at;
 }
 
@@ -80,9 +83,11 @@ std::optional<TextCondition> textCondition(const std::string& source) {
     if (!like && !standsAt(source, at, "='")) return {};
     at = source.find('\'', at);
     std::string text = inner(enclosedLength(source, at));
-    const bool ends = at >= source.size() || source[at] == ';' || source[at] == ' ';
+    const bool ends = at >= source.size() || source[at] == ';' || standsAt(source, at, " and ") ||
+                      standsAt(source, at, " order by ");
     const std::size_t star = like ? text.find('*') : text.size();
-    if (!ends || text.empty() || (like && star + 1 != text.size())) return {};
+    if (!ends || text.empty() || text.find('\'') != std::string::npos || (like && star + 1 != text.size()))
+        return {};
     return TextCondition{column, text.substr(0, star), like};
 }
 
@@ -113,7 +118,9 @@ std::string translate(const std::string& source) {
     std::size_t at = 0;
     while (at < source.size()) {
         if (source[at] != '[' && source[at] != '\'') {
+            const bool likeComment = standsAt(source, at, "--") || standsAt(source, at, "/*");
             result += source[at++];
+            if (likeComment) result += ' ';
             continue;
         }
         const std::string part = source.substr(at, enclosedLength(source, at));

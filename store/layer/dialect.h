@@ -10,7 +10,8 @@ namespace dialect {
 
 /// The engine's form of a source: a bare table name becomes a selection of all its rows, [table.column]
 /// becomes [table].[column], `Like 'x*'` takes every character but the star as it is, and NOT [flag] counts
-/// an empty flag as false. What stands between quotes is otherwise left alone.
+/// an empty flag as false. What stands between quotes is otherwise left alone. There are no comments: behind
+/// the apostrophe of a name they would hide the rest of a statement that is to be refused.
 std::string translate(const std::string& source);
 
 /// The selection with the engine's row number in front of its columns, so that its rows can be changed.

@@ -87,13 +87,18 @@ struct Finalizer {
 };
 using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
+/// One statement: what stands behind its end would be dropped unseen.
 Statement prepare(Connection& database, const std::string& sql) {
     sqlite3_stmt* raw = nullptr;
+    const char* rest = nullptr;
     const int size = static_cast<int>(sql.size());
     if (database.handle == nullptr ||
-        sqlite3_prepare_v2(database.handle, sql.data(), size, &raw, nullptr) != SQLITE_OK)
+        sqlite3_prepare_v2(database.handle, sql.data(), size, &raw, &rest) != SQLITE_OK)
         fail(database);
-    return Statement(raw);
+    Statement statement(raw);
+    if (!text::trim(sql.substr(static_cast<std::size_t>(rest - sql.data()))).empty())
+        throw Error{SQLITE_ERROR, "near \";\": syntax error"};
+    return statement;
 }
 
 void bind(sqlite3_stmt* statement, int place, const Value& value) {

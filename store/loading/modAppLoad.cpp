@@ -27,7 +27,7 @@ std::string textOrEmpty(const Field& field) { return field.isNull() ? std::strin
 /// zero: 9:30 stays "9", and 12:05 becomes "012". Both read back as they should.
 void loadStartTime(RecordSet& row) {
     const Field minute = row.Fields("StartMin");
-    const std::string zero = !minute.isNull() && minute.number() < 10 ? "0" : "";
+    const std::string zero = !minute.isNull() && numberText::toNumber(minute.text()) < 10 ? "0" : "";
     Options.StartHour.set(zero + textOrEmpty(row.Fields("StartHour")));
     Options.StartMin.set(zero + textOrEmpty(minute));
 }
