@@ -43,10 +43,14 @@ bool readDiseaseSymptom() {
 
 const ProbabilityRow& currentBaseRates() { return trialState.baseRates[trialState.settingIndex]; }
 
-List<Int16> readPercents(RecordSet& row, Int16 count, const std::string& suffix) {
+Int16 readPercent(RecordSet& row, Int16 disease, const std::string& suffix) {
+    return row.Fields("D" + numberText::whole(disease) + suffix).short16();
+}
+
+List<Int16> readPercents(RecordSet& row, Int16 count) {
+    if (count < 0) raiseFault(FaultNumber::SubscriptOutOfRange, "a Count of " + numberText::whole(count));
     List<Int16> percents;
-    for (Int16 j = 1; j <= count; ++j)
-        percents.add(row.Fields("D" + numberText::whole(j) + suffix).short16());
+    for (Int16 j = 1; j <= count; ++j) percents.add(readPercent(row, j));
     return percents;
 }
 

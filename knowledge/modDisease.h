@@ -16,8 +16,11 @@ void loadBaseRates();
 /// The disease-symptom table of the chosen scenario. Without rows nothing changes and nothing is said.
 void loadDiseaseSymptom();
 
-/// The columns prefix + 1 + suffix to prefix + count + suffix of the current row.
-List<Int16> readPercents(RecordSet& row, Int16 count, const std::string& suffix = {});
+/// The percent of the current row in column D, the disease's number from 1 on, and the suffix.
+Int16 readPercent(RecordSet& row, Int16 disease, const std::string& suffix = {});
+
+/// Those of so many diseases; a negative number faults.
+List<Int16> readPercents(RecordSet& row, Int16 count);
 
 /// Base rates of the chosen scenario.
 const ProbabilityRow& currentBaseRates();

@@ -104,8 +104,10 @@ void readTreatments() {
         s.treatments.renew(s.treatmentTypeCount);
         for (Treatment& treatment : s.treatments) {
             treatment.type = rows.Fields("Type").text();
-            treatment.heal = modDisease::readPercents(rows, s.treatmentMaxDisease + 1, "+");
-            treatment.hurt = modDisease::readPercents(rows, s.treatmentMaxDisease + 1, "-");
+            for (Int16 j = 1; j <= s.treatmentMaxDisease + 1; ++j) {
+                treatment.heal.add(modDisease::readPercent(rows, j, "+"));
+                treatment.hurt.add(modDisease::readPercent(rows, j, "-"));
+            }
             rows.MoveNext();
         }
     }

@@ -22,9 +22,9 @@ List<std::string> readTerms(const std::string& type, const std::string& status, 
     RecordSet rows =
         openTable(std::string("SELECT * FROM [tblVocabulary] ") + "WHERE [tblVocabulary.Type]='" + type + "'",
                   true, status);
+    const Int16 count = std::min(limit, rows.recordCount());
     List<std::string> terms;
-    for (; !rows.isEOF() && terms.size() < Int32(limit); rows.MoveNext())
-        terms.add(rows.Fields("Term").text());
+    for (Int16 i; i < count; ++i, rows.MoveNext()) terms.add(rows.Fields("Term").text());
     return terms;
 }
 

@@ -88,6 +88,8 @@ TEST_F(Load, ModelTables) {
     s.testLengthSetting = "slow";
     modTests::loadTests();
     EXPECT_EQ(frmTavix.lblTestTime[1].caption + frmTavix.lblTestTime[2].caption, "030");
+    study.change("UPDATE tblDiseaseSymptom SET Count = -1");
+    EXPECT_FAULT(signIn("Plain"), SubscriptOutOfRange);
 }
 
 TEST_F(Load, WordsAreDealtSymptomsFirstAndStored) {
@@ -114,6 +116,10 @@ TEST_F(Load, WordsAreDealtSymptomsFirstAndStored) {
     s.symptomCount = 4;
     EXPECT_FAULT(termOrders::recordTermOrders(), SubscriptOutOfRange);
     EXPECT_EQ(study.rows("SELECT count(*) FROM SubjectSettings"), "3");
+    study.change(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 32768) "
+        "INSERT INTO tblVocabulary (Type, Term) SELECT 'Disease', 'x' FROM n");
+    EXPECT_FAULT(termOrders::loadVocabulary(), Overflow);  // rows are counted with 16 bits
 }
 
 TEST_F(Load, AnotherScenarioInMidRun) {
