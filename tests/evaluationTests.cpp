@@ -107,6 +107,8 @@ TEST_F(Evaluation, TheThreeMovesOfTheScoreHaveAFixedOrder) {
     EXPECT_EQ(scored(2000), "1998 by -1");
     costs("4", "1", "0.5");  // 3, 1 and 0.5
     EXPECT_EQ(scored(2000), "1998 by -3");
+    costs("4", "1", "1e999");
+    EXPECT_FAULT(scored(2000), Overflow);
 
     // Broken off by the experimenter: the tests alone, and the texts of the rest as they were.
     costs("4", "1", "25");

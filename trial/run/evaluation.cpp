@@ -5,6 +5,7 @@
 #include "diagnosis/modBeliefs.h"
 #include "forms/frmDiagnosis.h"
 #include "forms/frmTavix.h"
+#include "platform/fault.h"
 #include "platform/numberText.h"
 #include "state/TrialEvaluation.h"
 #include "state/TrialState.h"
@@ -72,7 +73,9 @@ void chargeTests() {
     const double cost = Options.TestCost.number();
     if (cost <= 0) return;
     trialEvaluation.testCountText = numberText::whole(trialState.testCount);
-    trialEvaluation.testScoreText = numberText::general(-trialState.testCount.toFloat() * cost);
+    const double charge = -trialState.testCount.toFloat() * cost;
+    if (!std::isfinite(charge)) raiseFault(FaultNumber::Overflow, "what the tests cost has no end");
+    trialEvaluation.testScoreText = numberText::general(charge);
     trialState.score = round32(trialState.score.toFloat() + toNumber(trialEvaluation.testScoreText));
 }
 
