@@ -26,7 +26,7 @@ std::vector<ShownTest> tests() {
         if (!option.visible) continue;
         ShownTest& test = list.emplace_back();
         test.symptom = option.caption;
-        test.minutes = static_cast<int>(numberText::toNumber(f.lblTestTime[i].caption));
+        test.minutes = numberText::nearestShort(f.lblTestTime[i].caption);
         test.canIssue = windows::isUsable(option) && windows::isUsable(f.cmdIssue);
         test.result = resultOf(f.lblTestResult[i].caption);
         test.underWay = test.result == Result::None && !f.lblETA[i].caption.empty();

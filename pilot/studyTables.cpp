@@ -1,7 +1,6 @@
 #include "pilot/studyTables.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 
 #include "platform/numberText.h"
@@ -19,8 +18,7 @@ double numberAt(const Sheet& sheet, int row, std::string_view column) {
 }
 
 int wholeAt(const Sheet& sheet, int row, std::string_view column) {
-    constexpr double most = 32767;  // what the program reads has 16 bits
-    return static_cast<int>(std::nearbyint(std::clamp(numberAt(sheet, row, column), -most, most)));
+    return numberText::nearestShort(sheet.text(row, column));
 }
 
 std::vector<int> percentsAt(const Sheet& sheet, int row, int diseases, std::string_view suffix = {}) {

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include "platform/dial.h"
 #include "platform/text.h"
@@ -136,6 +137,12 @@ double toNumber(std::string_view source) {
 bool isNumeric(std::string_view source) {
     const std::string bare = text::trim(source);
     return !bare.empty() && numberLength(bare) == bare.size();
+}
+
+int nearestShort(std::string_view source) {
+    using Short = std::numeric_limits<std::int16_t>;
+    return static_cast<int>(std::nearbyint(
+        std::clamp(toNumber(source), static_cast<double>(Short::min()), static_cast<double>(Short::max()))));
 }
 
 std::string clockText(Int16 hour, Int16 minute) {

@@ -35,6 +35,10 @@ double toNumber(std::string_view source);
 /// Whether the whole text, blanks around it aside, reads as one number.
 bool isNumeric(std::string_view source);
 
+/// `toNumber` as the nearest whole number that 16 bits hold, halves to the even one: for those who show or
+/// judge what the task reads with 16 bits, and must not fault where it does.
+int nearestShort(std::string_view source);
+
 /// Time on the twelve-hour dial, two digits each; hour 0, 12 and 24 read 12.
 std::string clockText(Int16 hour, Int16 minute);
 

@@ -32,8 +32,7 @@ std::optional<Clock> clockOf(const std::string& scenario) {
     const std::optional<int> row = book::rowOf(workspace::book(), "tblAppDefault", "Setting", scenario);
     if (!row) return {};
     const auto number = [&](const char* column) {
-        return static_cast<int>(
-            numberText::toNumber(book::sheetOf(workspace::book(), "tblAppDefault").text(*row, column)));
+        return numberText::nearestShort(book::sheetOf(workspace::book(), "tblAppDefault").text(*row, column));
     };
     Clock clock{number("StartHour"), number("StartMin"), number("Time") * number("SimRate"), {}};
     if (clock.hour < 0 || clock.hour > dial::hours || clock.minute < 0 ||

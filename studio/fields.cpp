@@ -167,8 +167,7 @@ Field slider(const Where& where, const Words& words, int least, int most) {
                 const std::optional<book::Place> place = where();
                 bar->setEnabled(place.has_value());
                 const QSignalBlocker quiet(bar);
-                if (place)
-                    bar->setValue(static_cast<int>(numberText::toNumber(textAt(*place).toStdString())));
+                if (place) bar->setValue(numberText::nearestShort(textAt(*place).toStdString()));
             }};
 }
 

@@ -214,7 +214,8 @@ bool removeDisease(Book& book, const std::string& scenario, int disease) {
     });
     if (parts.rates) {
         const Place first{"tblBaseRates", *parts.rates, "D1"};
-        set(book, first, static_cast<std::int64_t>(numberAt(book, first) + rate));
+        const std::string sum = numberText::general(numberAt(book, first) + rate);
+        set(book, first, std::int64_t{numberText::nearestShort(sum)});
     }
     setCounts(book, parts, parts.diseases - 1);
     return true;

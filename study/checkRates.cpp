@@ -27,7 +27,7 @@ int countOfSymptoms(const Study& study, const Scenario& scenario) {
     const Sheet& sheet = study.sheet("tblDiseaseSymptom");
     int common = 0;
     for (const int row : scenario.symptoms) {
-        const auto count = static_cast<int>(numberText::toNumber(sheet.text(row, "Count")));
+        const int count = numberText::nearestShort(sheet.text(row, "Count"));
         if (common != 0 && count != common) return 0;
         common = count;
     }

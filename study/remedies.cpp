@@ -94,7 +94,7 @@ std::optional<Remedy> missingRows(const Spot& at) {
 /// Rates that miss 100 by little: the largest takes the difference.
 std::optional<Remedy> sumOfRates(const Spot& at) {
     if (at.sheet.name != "tblBaseRates" || at.row < 0 || at.column != "D1") return {};
-    const auto count = static_cast<int>(numberText::toNumber(at.sheet.text(at.row, "Count")));
+    const int count = numberText::nearestShort(at.sheet.text(at.row, "Count"));
     int largest = 0;
     double most = -1;
     double sum = 0;

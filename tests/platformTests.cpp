@@ -42,6 +42,8 @@ TEST(NumberText, ReadsTheLeadingNumberOfAnyText) {
               "~0|~12|7|12|-3|21.5|0.5|~1.2|2000|~2");
     EXPECT_EQ(each<const char*>(read, {"+4", "-", "x1", "\t7", "1E+2x", "1e-400", "-1e999"}),
               "4|~0|~0|~0|~100|0|-inf");
+    EXPECT_EQ(numberText::nearestShort("-2.5x") + numberText::nearestShort("2e10"), 32765);
+    EXPECT_EQ(numberText::nearestShort("-1e999"), -32768);
 }
 
 TEST(NumberText, ClockBasesAndPadding) {
