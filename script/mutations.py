@@ -181,7 +181,7 @@ m('R15', 'pilot/prospects.h', 'test->fall > testCost', 'test->fall > 0', 'a test
 NEEDS = {  # programs that a test runs
     "platformTests": ["platformTests"], "formsTests": ["formsTests"], "storeTests": ["storeTests"],
     "logicTests": ["logicTests"], "mindTests": ["mindTests"], "pilotTests": ["pilotTests", "tavix-pilot", "tavixdb"], "toolsTests": ["toolsTests", "tavixdb"],
-    "studyExportTests": ["studyExportTests"],
+    "studyTests": ["studyTests", "tavixdb"], "studioTests": ["studioTests"], "analyst": ["tavix-headless", "tavixdb"],
     "qtTests": ["qtTests", "tavix-twin", "tavixdb"], "torture.kills": ["tavix-headless", "tavixdb"],
     "torture.powerCuts": ["tavix-headless", "tavixdb"],
     "stationsTests": ["tavix-headless", "tavix-twin", "tavixdb"],
