@@ -22,7 +22,7 @@ bool isSelect(const std::string& source) { return standsAt(source, 0, selectWord
 std::size_t enclosedLength(const std::string& source, std::size_t at) {
     const char close = source[at] == '[' ? ']' : '\'';
     std::size_t end = source.find(close, at + 1);
-    while (close == '\'' && end != std::string::npos && standsAt(source, end + 1, "'"))
+    while (close == '\'' && end != std::string::npos && source.compare(end + 1, 1, "'") == 0)
         end = source.find(close, end + 2);
     return (end == std::string::npos ? source.size() : end + 1) - at;
 }
@@ -118,7 +118,7 @@ std::string translate(const std::string& source) {
     std::size_t at = 0;
     while (at < source.size()) {
         if (source[at] != '[' && source[at] != '\'') {
-            const bool likeComment = standsAt(source, at, "--") || standsAt(source, at, "/*");
+            const bool likeComment = source.compare(at, 2, "--") == 0 || source.compare(at, 2, "/*") == 0;
             result += source[at++];
             if (likeComment) result += ' ';
             continue;
