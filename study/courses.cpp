@@ -142,7 +142,7 @@ struct Scenario {
 std::map<std::string, Scenario> readScenarios(engine::Connection& database) {
     std::map<std::string, Scenario> found;
     eachRow(database, "tblAppDefault", "Setting, FeedbackDiseaseP, StartMin, InitScore", [&](const Row& row) {
-        found[text::folded(textOf(row[0]))] = {isSet(row[1]), wholeOf(row[2]).value_or(0),
+        found[text::folded(textOf(row[0]))] = {isSet(row[1]), numberText::nearestShort(textOf(row[2])),
                                                std::floor(numberText::toNumber(textOf(row[3])))};
     });
     return found;
