@@ -18,6 +18,7 @@
 #include "qt/eventHook.h"
 #include "qt/faces.h"
 #include "qt/geometry.h"
+#include "qt/longWords.h"
 #include "qt/look.h"
 #include "qt/tableFont.h"
 #include "qt/tableGrid.h"
@@ -85,7 +86,10 @@ void replace(QPlainTextEdit& area, Span span, const QString& by) {
     setSpan(area, span);
     area.insertPlainText(by);
 }
-void setWhole(QPlainTextEdit& area, const QString& text) { area.setPlainText(text); }
+void setWhole(QPlainTextEdit& area, const QString& text) {
+    longWords::setWrapping(area, text);
+    area.setPlainText(text);
+}
 bool isPersons(const QPlainTextEdit& /*area*/) { return true; }
 
 /// Left alone a line cuts what is pasted at 32,767 characters and does not say so.
@@ -244,7 +248,10 @@ Face textArea(Control& control, QWidget* parent) {
     if (control.readOnly)
         area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (control.look.cells != Look::Cells::None) makeTable(*area, control);
-    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] { takeText(*area, control); });
+    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] {
+        longWords::setWrapping(*area, textOf(*area));
+        takeText(*area, control);
+    });
     hookCursor(area, control);
     hookKeys(area, control);
     const auto setFont = [area, &control] {

@@ -88,7 +88,7 @@ m('K07', 'knowledge/modPatient.cpp', '+ "ORDER BY Trial DESC"', '+ ""', 'a subje
 m('K09', 'platform/text.cpp', 'starts_with("\\r\\n") ? 2 : 1', 'starts_with("\\r\\n") ? 1 : 1', 'a carriage return and a line feed are one line end')
 m('K11', 'knowledge/modSymptom.cpp', 'constexpr int evidenceLimit = 100;', 'constexpr int evidenceLimit = 101;', '99 characters are the longest evidence')
 m('K13', 'knowledge/modSymptom.cpp', '    windows::setFocus(frmTavix.txtReasoning);\n', '', 'the focus goes to the comment after Take Down Note')
-m('K15', 'knowledge/modSymptom.cpp', '    markDeleted(note);\n    modAppRecord::recordEvent("RemoveSymptom"', '    modAppRecord::recordEvent("RemoveSymptom"', 'a removed note is marked')
+m('K15', 'knowledge/modSymptom.cpp', '    markDeleted(note);\n    modAppRecord::recordEvent("RemoveSymptom"', '    static_cast<void>(markDeleted);\n    modAppRecord::recordEvent("RemoveSymptom"', 'a removed note is marked')
 m('K17', 'knowledge/modTests.cpp', '    setEnabled(frmTavix.tmrTestMessage, false);\n    setEnabled(frmTavix.tmrTestMessage, true);\n', '    setEnabled(frmTavix.tmrTestMessage, true);\n', "the message's three seconds begin anew")
 m('K19', 'knowledge/modTests.cpp', 'trialState.clockHour == 1 && trialState.clockMinute == 0)', 'trialState.clockHour == 1)', "past twelve ends at one o'clock sharp")
 m('K21', 'knowledge/modTests.cpp', '    windows::setFocus(frmTavix.cmdDiagnosis);\n', '', 'the focus goes to Make Diagnosis after a test')

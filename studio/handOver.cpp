@@ -47,13 +47,12 @@ std::stop_source stopping;
 
 using Progress = std::function<void(double)>;
 
-void showWork(const QString& what, bool counted) {
+void showWork(const QString& what) {
     work = what;
     bar.line->setVisible(!what.isEmpty());
     bar.text->setText(what);
-    bar.bar->setRange(0, counted ? whole : 0);
+    bar.bar->setRange(0, whole);
     bar.bar->setValue(0);
-    bar.stop->setVisible(counted);
     bar.stop->setEnabled(true);
     for (QPushButton* button : bar.starts) button->setEnabled(what.isEmpty());
 }
@@ -70,13 +69,13 @@ Progress progress() {
     };
 }
 
-void begin(const QString& what, bool counted, const std::function<void(const Progress&)>& make,
+void begin(const QString& what, const std::function<void(const Progress&)>& make,
            const std::function<void()>& made) {
     stopping = std::stop_source();
-    showWork(what, counted);
+    showWork(what);
     background::run([make, told = progress()] { make(told); },
                     [made, token = stopping.get_token()](const std::string& problem) {
-                        showWork({}, false);
+                        showWork({});
                         if (token.stop_requested() && !problem.empty()) return;
                         if (problem.empty()) return made();
                         notices::tell("That could not be done.", QString::fromStdString(problem));
@@ -102,8 +101,10 @@ std::string reportFolder() {
 void report(const std::string& patient) {
     const std::string page = reportFolder() + "/report.html";
     begin(
-        "Making the report", false,
-        [store = workspace::store(), page, patient](const Progress&) { report::write(store, page, patient); },
+        "Making the report",
+        [store = workspace::store(), page, patient](const Progress& told) {
+            report::write(store, page, patient, told);
+        },
         [page] {
             const QString file = QString::fromStdString(page);
             if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
@@ -134,7 +135,7 @@ void exportAll(QWidget* parent) {
     lastRequest() = *request;
     const auto notes = std::make_shared<std::vector<std::string>>();
     begin(
-        "Making the dataset", true,
+        "Making the dataset",
         [request = *request, notes](const Progress& told) { *notes = exportDataset::write(request, told); },
         [folder = QString::fromStdString(request->folder), notes] {
             QStringList lines{folder};
@@ -150,7 +151,7 @@ void plain(QWidget* parent) {
         "Plain stores (*.sqlite);;All files (*)", nullptr, QFileDialog::DontConfirmOverwrite);
     if (place.isEmpty()) return;
     begin(
-        "Making the plain copy", true,
+        "Making the plain copy",
         [store = workspace::store(), copy = place.toStdString()](const Progress& told) {
             plainCopy::write(store, copy, told);
         },
@@ -195,7 +196,7 @@ QWidget* make(const std::function<std::string()>& patient) {
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(bar.line, 1);
     row->addStretch();
-    showWork({}, false);
+    showWork({});
     return both;
 }
 

@@ -9,6 +9,7 @@
 
 #include "platform/files.h"
 #include "platform/text.h"
+#include "qt/longWords.h"
 #include "qt/look.h"
 #include "studio/fields.h"
 #include "studio/safely.h"
@@ -103,11 +104,16 @@ void mark(State& state) {
     state.edit->setAccessibleDescription(said.join(' '));
 }
 
-void showText(State& state, const QString& text) {
-    state.known = text;
+void setWhole(State& state, const QString& text) {
     state.changing = true;
+    longWords::setWrapping(*state.edit, text);
     state.edit->setPlainText(text);
     state.changing = false;
+}
+
+void showText(State& state, const QString& text) {
+    state.known = text;
+    setWhole(state, text);
 }
 
 void refresh(State& state) {
@@ -215,13 +221,13 @@ Editor make(const std::function<std::optional<int>()>& person) {
     QObject::connect(state->edit, &QPlainTextEdit::textChanged, state->edit, [state] {
         if (state->changing) return;
         const std::string key = std::string(table) + "/" + std::to_string(state->person().value_or(-1));
-        write(*state, typed(*state->edit), "Write the introduction", key + "/text of Intro");
+        const QString text = typed(*state->edit);
+        longWords::setWrapping(*state->edit, text);
+        write(*state, text, "Write the introduction", key + "/text of Intro");
     });
     QObject::connect(state->mend, &QPushButton::clicked, state->edit, [state] {
         const QString text = typed(*state->edit).replace('\'', u'’');
-        state->changing = true;
-        state->edit->setPlainText(text);
-        state->changing = false;
+        setWhole(*state, text);
         write(*state, text, "Replace apostrophes", {});
         state->edit->setFocus();
     });

@@ -1,5 +1,6 @@
 #include "studio/tableFiles.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QStatusBar>
 
@@ -13,11 +14,26 @@ namespace {
 
 QString besideStudy() { return QString::fromStdString(workspace::folder()); }
 
+/// Where the tables shall stand in a folder that was chosen; empty for nowhere. Among other files, as those
+/// of the study itself, they would be in the way.
+QString placeIn(const QString& chosen) {
+    const QDir folder(chosen);
+    if (folder.isEmpty() || !folder.entryList({"tbl*.csv"}, QDir::Files).isEmpty()) return chosen;
+    const QString own = folder.filePath("tables");
+    switch (notices::ask("There is something else in this folder.", chosen,
+                         {"Write into a folder \"tables\" in it", "Write here", "Go back"})) {
+        case 0: return own;
+        case 1: return chosen;
+        default: return {};
+    }
+}
+
 }  // namespace
 
 void write(QMainWindow& window) {
-    const QString folder =
+    const QString chosen =
         QFileDialog::getExistingDirectory(&window, "Folder for the tables as CSV", besideStudy());
+    const QString folder = chosen.isEmpty() ? chosen : placeIn(chosen);
     if (folder.isEmpty()) return;
     writeTables::Outcome outcome = bookTables::write(workspace::book(), folder.toStdString(), false);
     if (outcome.taken) {

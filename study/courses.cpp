@@ -75,37 +75,51 @@ std::optional<int> secondsOfDuration(const engine::Value& value) {
     return (*parts)[0] * 60 + (*parts)[1];
 }
 
-/// Calls `take` with each row of these columns, in the order of writing. The rows come in pieces: between two
-/// of them a running session can write.
-void eachRow(engine::Connection& database, const std::string& table, const std::string& columns,
-             const std::function<void(const Row&)>& take) {
-    std::int64_t last = -1;
+/// Where rows are read, and who hears how many have come.
+struct Source {
+    engine::Connection& database;
+    std::optional<std::string> subject = {};  ///< all where none is named
+    std::function<void(std::size_t rows)> told = {};
+};
+
+/// What the engine cannot read of a table is told with the table's name.
+void naming(const std::string& table, const std::function<void()>& work) {
     try {
-        for (bool more = true; more;) {
-            const engine::Rows piece = readStore::select(
-                database, fmt::format("SELECT {}, rowid FROM [{}] WHERE rowid > {} ORDER BY rowid LIMIT {}",
-                                      columns, table, last, rowsAtOnce));
-            for (const Row& row : piece.rows) take(row);
-            more = piece.rows.size() == rowsAtOnce;
-            if (more) last = std::get<std::int64_t>(piece.rows.back().back());
-        }
+        work();
     } catch (const engine::Error& error) {
         throw std::runtime_error(fmt::format("table {}: {}", table, error.text));
     }
 }
 
+/// Calls `take` with each row of these columns, in the order of writing. The rows come in pieces: between two
+/// of them a running session can write.
+void eachRow(const Source& source, const std::string& table, const std::string& columns,
+             const std::function<void(const Row&)>& take) {
+    std::int64_t last = -1;
+    for (bool more = true; more;) {
+        engine::Rows piece;
+        naming(table, [&] {
+            piece = readStore::select(
+                source.database,
+                fmt::format("SELECT {}, rowid FROM [{}] WHERE rowid > {} ORDER BY rowid LIMIT {}", columns,
+                            table, last, rowsAtOnce));
+        });
+        for (const Row& row : piece.rows) take(row);
+        if (source.told) source.told(piece.rows.size());
+        more = piece.rows.size() == rowsAtOnce;
+        if (more) last = std::get<std::int64_t>(piece.rows.back().back());
+    }
+}
+
 /// The same of one subject, if one is named. Then most of a table is passed by, in slices of its own.
-void eachRowOf(engine::Connection& database, const std::optional<std::string>& subject,
-               const std::string& table, const std::string& columns,
+void eachRowOf(const Source& source, const std::string& table, const std::string& columns,
                const std::function<void(const Row&)>& take) {
-    if (!subject) return eachRow(database, table, columns, take);
-    try {
-        rowSlices::eachOf(database, table, columns, *subject, [&](const engine::Rows& slice) {
+    if (!source.subject) return eachRow(source, table, columns, take);
+    naming(table, [&] {
+        rowSlices::eachOf(source.database, table, columns, *source.subject, [&](const engine::Rows& slice) {
             for (const Row& row : slice.rows) take(Row(row.begin() + 1, row.end()));
         });
-    } catch (const engine::Error& error) {
-        throw std::runtime_error(fmt::format("table {}: {}", table, error.text));
-    }
+    });
 }
 
 /// Names in the order without regard to case, each with its place. A store can hold tens of thousands.
@@ -141,10 +155,11 @@ struct Scenario {
 /// By the folded name.
 std::map<std::string, Scenario> readScenarios(engine::Connection& database) {
     std::map<std::string, Scenario> found;
-    eachRow(database, "tblAppDefault", "Setting, FeedbackDiseaseP, StartMin, InitScore", [&](const Row& row) {
-        found[text::folded(textOf(row[0]))] = {isSet(row[1]), numberText::nearestShort(textOf(row[2])),
-                                               std::floor(numberText::toNumber(textOf(row[3])))};
-    });
+    eachRow(
+        {database}, "tblAppDefault", "Setting, FeedbackDiseaseP, StartMin, InitScore", [&](const Row& row) {
+            found[text::folded(textOf(row[0]))] = {isSet(row[1]), numberText::nearestShort(textOf(row[2])),
+                                                   std::floor(numberText::toNumber(textOf(row[3])))};
+        });
     return found;
 }
 
@@ -173,13 +188,13 @@ Patient patientOf(const Row& row, const Scenario& scenario) {
     return patient;
 }
 
-void readRows(engine::Connection& database, Study& study, const std::optional<std::string>& subject) {
-    std::map<std::string, Scenario> rules = readScenarios(database);
+void readRows(const Source& source, Study& study) {
+    std::map<std::string, Scenario> rules = readScenarios(source.database);
     Names subjects;
     Names scenarios;
     std::vector<std::pair<std::string, std::string>> names;  // of each patient
     eachRowOf(
-        database, subject, "dataTrial",
+        source, "dataTrial",
         "Subject, Setting, Date, StartTime, Trial, PatientID, TestResults, Disease, Score, Result, Saved, "
         "ActualTime, EndHealth, Diagnoses, DiseaseBelief, pDisease, SimTime, Tests",
         [&](const Row& row) {
@@ -214,13 +229,12 @@ Trials trialsOf(const Study& study) {
 /// Events by their identifiers, which can repeat.
 using Identifiers = std::unordered_map<std::string, std::vector<std::pair<std::size_t, std::size_t>>>;
 
-Identifiers readEvents(engine::Connection& database, Study& study,
-                       const std::optional<std::string>& subject) {
+Identifiers readEvents(const Source& source, Study& study) {
     const Trials trials = trialsOf(study);
     Identifiers identifiers;
     eachRowOf(
-        database, subject, "dataEvents",
-        "EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output", [&](const Row& row) {
+        source, "dataEvents", "EventID, Subject, Trial, Date, Time, SimTime, Health, Action, Input, Output",
+        [&](const Row& row) {
             const auto rows = trials.find({text::folded(textOf(row[1])), wholeOf(row[2]).value_or(0)});
             const auto action = std::ranges::find(actionNames, textOf(row[7]));
             if (rows == trials.end() || action == actionNames.end()) return;
@@ -259,18 +273,18 @@ Event* next(Study& study, const Identifiers& identifiers, const std::string& id,
     return nullptr;
 }
 
-void readDetails(engine::Connection& database, Study& study, const Identifiers& identifiers) {
-    eachRow(database, "dataGetTests", "EventID, Test", [&](const Row& row) {
+void readDetails(const Source& source, Study& study, const Identifiers& identifiers) {
+    eachRow(source, "dataGetTests", "EventID, Test", [&](const Row& row) {
         Event* event = next(study, identifiers, textOf(row[0]), Action::Testing);
         if (event != nullptr) event->what = textOf(row[1]);
     });
-    eachRow(database, "dataTreatments", "EventID, Harm", [&](const Row& row) {
+    eachRow(source, "dataTreatments", "EventID, Harm", [&](const Row& row) {
         Event* event = next(study, identifiers, textOf(row[0]), Action::Prescribe);
         if (event != nullptr) event->harm = isSet(row[1]);
     });
     Event* current = nullptr;
     std::string id;
-    eachRow(database, "dataHypotheses", "EventID, [Order], Guess, Belief", [&](const Row& row) {
+    eachRow(source, "dataHypotheses", "EventID, [Order], Guess, Belief", [&](const Row& row) {
         if (wholeOf(row[1]) == 1 || textOf(row[0]) != id) {
             id = textOf(row[0]);
             current = next(study, identifiers, id, Action::Diagnose);
@@ -299,27 +313,43 @@ void markRepeated(Study& study) {
     }
 }
 
+std::int64_t rowsOf(engine::Connection& database) {
+    std::int64_t all = 0;
+    for (const char* table : {"dataTrial", "dataEvents", "dataGetTests", "dataTreatments", "dataHypotheses"})
+        naming(table, [&] { all += rowSlices::count(database, table); });
+    return all;
+}
+
 }  // namespace
 
-Study read(engine::Connection& database) {
+Study read(engine::Connection& database, const std::function<void(double)>& told) {
+    Source source{database};
+    std::int64_t come = 0;
+    if (told) {
+        source.told = [&told, &come, all = rowsOf(database)](std::size_t rows) {
+            come += static_cast<std::int64_t>(rows);
+            // A session may have written since they were counted.
+            told(static_cast<double>(come) / static_cast<double>(std::max({all, come, std::int64_t{1}})));
+        };
+    }
     Study study;
-    readRows(database, study, {});
-    readDetails(database, study, readEvents(database, study, {}));
+    readRows(source, study);
+    readDetails(source, study, readEvents(source, study));
     markRepeated(study);
     return study;
 }
 
 Study readOf(engine::Connection& database, const std::string& subject) {
     Study study;
-    readRows(database, study, subject);
-    readEvents(database, study, subject);
+    readRows({database, subject}, study);
+    readEvents({database, subject}, study);
     markRepeated(study);
     return study;
 }
 
 Study readPatients(engine::Connection& database) {
     Study study;
-    readRows(database, study, {});
+    readRows({database}, study);
     markRepeated(study);
     return study;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -71,8 +72,9 @@ struct Study {
     std::vector<Patient> patients;       ///< by subject, then in the order of their rows
 };
 
-/// Reads all patients. Throws std::runtime_error, which names the table that cannot be read.
-Study read(engine::Connection& database);
+/// Reads all patients. `told`, if given, hears now and then what share has been read, 0 to 1; what it throws
+/// ends the reading. Throws std::runtime_error, which names the table that cannot be read.
+Study read(engine::Connection& database, const std::function<void(double)>& told = {});
 
 /// The same without the events of each patient, which are most of a store.
 Study readPatients(engine::Connection& database);

@@ -124,27 +124,39 @@ int chosen(const Study& study, const std::string& patient) {
     return found;
 }
 
+constexpr std::size_t patientsBetweenNews = 100;
+constexpr double readingShare = 0.6;  ///< of the time, about; the rest is writing
+
 /// Written piece by piece: as one value the patients would take ten times the room.
 void writeData(std::ostream& page, const std::string& file, const Study& study, int patient,
-               std::size_t simulations) {
+               std::size_t simulations, const std::function<void(double)>& told) {
     Words words;
     page << "{\"store\":" << scriptText(fs::path(file).filename().string())
          << ",\"subjects\":" << scriptText(study.subjects) << ",\"scenarios\":" << scriptText(study.scenarios)
          << ",\"simulated\":" << simulations << ",\"chosen\":" << patient
          << ",\n\"figures\":" << scriptText(allFigures(study)) << ",\n\"patients\":[";
-    for (const Patient& each : study.patients)
+    std::size_t written = 0;
+    for (const Patient& each : study.patients) {
         page << (&each == study.patients.data() ? "\n" : ",\n") << scriptText(ofPatient(each, words));
+        if (told && ++written % patientsBetweenNews == 0)
+            told(static_cast<double>(written) / static_cast<double>(study.patients.size()));
+    }
     page << "],\n\"words\":" << scriptText(words.list) << "}";
 }
 
 }  // namespace
 
-void write(const std::string& file, const std::string& page, const std::string& patient) {
+void write(const std::string& file, const std::string& page, const std::string& patient,
+           const std::function<void(double)>& told) {
+    using Told = std::function<void(double)>;
+    const Told reading = told ? Told([&told](double share) { told(readingShare * share); }) : Told();
+    const Told writing =
+        told ? Told([&told](double share) { told(readingShare + (1 - readingShare) * share); }) : Told();
     pageFile::refuseOther(page, pageParts::frame);
     const engine::Database database = readStore::open(file);
     const Study study = [&] {
         try {
-            return courses::read(*database);
+            return courses::read(*database, reading);
         } catch (const std::runtime_error& error) {
             throw std::runtime_error(fmt::format("{}: {}", file, error.what()));
         }
@@ -152,7 +164,7 @@ void write(const std::string& file, const std::string& page, const std::string& 
     const int shown = chosen(study, patient);
     const std::size_t simulations = simulated::subjectsOf(*database).size();
     pageFile::write(page, pageParts::frame, pageParts::script,
-                    [&](std::ostream& out) { writeData(out, file, study, shown, simulations); });
+                    [&](std::ostream& out) { writeData(out, file, study, shown, simulations, writing); });
 }
 
 }  // namespace report

@@ -1,6 +1,7 @@
 // What the report reckons from the rows of a store, and the page that it writes.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/files.h"
@@ -106,6 +107,19 @@ TEST_F(Report, IsOnePageThatFetchesNothingAndEscapesNames) {
     std::filesystem::remove(page);
     EXPECT_EQ(refusal(""), study.storePath() + ": table dataEvents: no such table: dataEvents");
     EXPECT_FALSE(std::filesystem::exists(page + ".tavixdb"));
+}
+
+TEST_F(Report, TellsHowFarItIsAndCanBeStopped) {
+    std::vector<double> shares;
+    report::write(study.storePath(), page, "", [&](double share) { shares.push_back(share); });
+    EXPECT_TRUE(std::ranges::is_sorted(shares));
+    EXPECT_TRUE(shares.size() > 2 && shares.front() > 0 && shares.back() < 1);
+    std::filesystem::remove(page);
+    const auto stop = [](double share) {
+        if (share > 0.4) throw std::runtime_error("stopped");
+    };
+    EXPECT_THROW(report::write(study.storePath(), page, "", stop), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(page) || std::filesystem::exists(page + ".tavixdb"));
 }
 
 TEST(Survival, TakesOtherEndsOutOfTheSumAndDeathsOfTheirMinuteFirst) {

@@ -7,6 +7,7 @@
 #include <QCryptographicHash>
 #include <QLabel>
 #include <QPaintEvent>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <cmath>
 #include <fstream>
@@ -196,6 +197,16 @@ TEST_F(Access, TextsAreShownAsTheyAre) {
     const std::string length(300, 'm');
     EXPECT_LT(sizeWith(frmTavix.lblPatientName, length), sizeWith(frmTavix.lblPatientName, "m"));
     EXPECT_EQ(sizeWith(frmTavix.lblHelpHeader, length), sizeWith(frmTavix.lblHelpHeader, "m"));
+    // A word of many thousands is broken anywhere: the toolkit would look for a blank for minutes.
+    const auto wrapsWords = [](const std::string& text) {
+        setText(frmTavix.txtIntro, text);
+        const auto* area = qobject_cast<QPlainTextEdit*>(mirror::widgetOf(frmTavix.txtIntro));
+        return area->wordWrapMode() == QTextOption::WrapAtWordBoundaryOrAnywhere;
+    };
+    EXPECT_FALSE(wrapsWords("no " + std::string(9000, 'm')));
+    std::string words;
+    for (int i = 0; i < 3000; ++i) words += "words ";
+    EXPECT_TRUE(wrapsWords(words));
 }
 
 }  // namespace
