@@ -16,6 +16,7 @@
 #include "studio/captions.h"
 #include "studio/clockFace.h"
 #include "studio/fields.h"
+#include "studio/lanes.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
 
@@ -156,19 +157,22 @@ Page make(const std::function<std::string()>& scenario) {
     addProperty(*building, *inside);
     addTests(*building, *inside);
     const clockFace::Face clock = clockFace::make();
-    auto* const columns = new QHBoxLayout(inside);
+    auto* const grid = new QGridLayout(inside);
+    std::vector<QWidget*> columns;
     const auto columnOfGroups = [&](const std::vector<const Control*>& frames, QWidget* last) {
-        auto* const column = new QVBoxLayout;
+        columns.push_back(new QWidget);
+        auto* const column = new QVBoxLayout(columns.back());
+        column->setContentsMargins(0, 0, 0, 0);
         for (const Control* frame : frames) column->addWidget(building->groups[frame]);
         if (last != nullptr) column->insertWidget(1, last);
         column->addStretch();
-        columns->addLayout(column, 1);
     };
     FrmOptions& f = frmOptions;
     columnOfGroups({&f.fraTime, &f.fraPatients}, clock.widget);
     columnOfGroups({&f.fraScoring, &f.fraExperimentDepth}, nullptr);
     columnOfGroups({&f.fraDiagnosis, &f.Frame1, &f.fraTables}, nullptr);
     area->setWidget(inside);
+    lanes::lay(*area, *grid, columns, true);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it

@@ -18,6 +18,7 @@
 #include "qt/eventHook.h"
 #include "studio/fields.h"
 #include "studio/introEditor.h"
+#include "studio/lanes.h"
 #include "studio/portrait.h"
 #include "studio/previews.h"
 #include "studio/rosterList.h"
@@ -30,6 +31,7 @@ namespace patientsPage {
 namespace {
 
 constexpr const char* table = "tblPatients";
+constexpr int leastLine = 340;  ///< pixels of a field and its unit; beside less there is no picture
 
 struct Cell {
     std::string column;
@@ -43,6 +45,7 @@ QWidget* beside(QWidget* field, const QString& unit) {
     auto* const row = new QHBoxLayout(whole);
     auto* const help = new QLabel(unit);
     help->setProperty("role", "help");
+    help->setWordWrap(true);
     field->setMaximumWidth(88);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(field);
@@ -180,7 +183,10 @@ Page make() {
     auto* const whole = new QSplitter(Qt::Horizontal);
     auto* const list = new QListWidget;
     const auto person = [list] { return rosterList::chosen(*list); };
-    auto* const form = new QFormLayout;
+    auto* const lines = new QWidget;
+    auto* const form = new QFormLayout(lines);
+    form->setContentsMargins(0, 0, 16, 0);
+    lines->setMinimumWidth(leastLine);
     std::vector<Cell> cells = addCells(*form, person);
     const portrait::Portrait picture = portrait::make(person);
     const introEditor::Editor intro = introEditor::make(person);
@@ -188,22 +194,23 @@ Page make() {
     cells.push_back({"Intro", {intro.field, {}, intro.refresh}});
     auto* const inside = new QWidget;
     auto* const column = new QVBoxLayout(inside);
-    auto* const upper = new QHBoxLayout;
+    auto* const upper = new QGridLayout;
     auto* const text = new QVBoxLayout;
-    upper->addLayout(form, 1);
-    upper->addSpacing(16);
-    upper->addWidget(picture.widget);
+    picture.widget->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     text->addWidget(intro.widget);
     const Seen sight = seen(person);
-    auto* const lower = new QHBoxLayout;
+    auto* const lower = new QGridLayout;
     auto* const right = new QVBoxLayout;
     right->addWidget(sight.widget);
-    lower->addWidget(group("Introduction", text), 1);
-    lower->addWidget(group("As the subject sees it", right));
+    QGroupBox* const written = group("Introduction", text);
+    QGroupBox* const shown = group("As the subject sees it", right);
+    shown->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     column->addWidget(group("Person", upper));
     column->addLayout(lower, 1);
     auto* const area = new QScrollArea;
     area->setWidget(inside);
+    lanes::lay(*area, *upper, {lines, picture.widget}, false);
+    lanes::lay(*area, *lower, {written, shown}, false);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it

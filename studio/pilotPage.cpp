@@ -14,6 +14,7 @@
 #include "pilot/policies.h"
 #include "pilot/prospects.h"
 #include "studio/fields.h"
+#include "studio/lanes.h"
 #include "studio/pilotPlots.h"
 #include "studio/pilotRuns.h"
 #include "studio/pilotTable.h"
@@ -159,23 +160,31 @@ QSpinBox* number(QHBoxLayout* row, const QString& caption, int usual, int most, 
     return box;
 }
 
-QWidget* choices(Parts& parts) {
-    auto* const whole = new QWidget;
-    auto* const row = new QHBoxLayout(whole);
-    row->setContentsMargins(0, 0, 0, 0);
+/// Widgets in a row, from the left.
+struct Row {
+    QWidget* widget = new QWidget;
+    QHBoxLayout* line = new QHBoxLayout(widget);
+};
+
+/// Who plays, and how many and how long.
+std::vector<QWidget*> choices(Parts& parts) {
+    const Row who;
+    who.line->setContentsMargins(0, 0, 16, 0);
     for (const Policy& policy : policies::all()) {
         auto* const box = new QCheckBox(QString::fromStdString(policy.name));
         box->setToolTip(QString::fromStdString(policy.meaning));
         box->setAccessibleDescription(box->toolTip());
         box->setChecked(policy.name == "bayes" || policy.name == "silent");
-        row->addWidget(box);
+        who.line->addWidget(box);
         parts.policies.emplace_back(policy.name, box);
     }
-    row->addSpacing(16);
-    parts.subjects = number(row, "Subjects of each kind", usualSubjects, mostSubjects, 100);
-    parts.patients = number(row, "Patients of each subject", usualPatients, mostPatients, 1);
-    row->addStretch();
-    return whole;
+    const Row many;
+    many.line->setContentsMargins(0, 0, 0, 0);
+    parts.subjects = number(many.line, "Subjects of each kind", usualSubjects, mostSubjects, 100);
+    parts.patients = number(many.line, "Patients of each subject", usualPatients, mostPatients, 1);
+    who.line->addStretch();
+    many.line->addStretch();
+    return {who.widget, many.widget};
 }
 
 QLabel* sentence(const QString& text, const char* role) {
@@ -233,16 +242,19 @@ Page make(const Scenario& scenario) {
     room.setRetainSizeWhenHidden(true);
     parts->progress->setSizePolicy(room);
     parts->table = pilotTable::make();
-    parts->plots = pilotPlots::make();
+    parts->plots = pilotPlots::make(*area);
     parts->timer = new QTimer(area);
     parts->timer->setSingleShot(true);
-    QWidget* const who = choices(*parts);
+    auto* const who = new QWidget;
+    auto* const whoGrid = new QGridLayout(who);
+    whoGrid->setContentsMargins(0, 0, 0, 0);
     column->addWidget(group("What the tables say before anybody plays", {parts->warnings}));
     column->addWidget(group("What comes of simulated subjects",
                             {who, sentence(policyLines(), "help"), parts->state, parts->faults,
                              parts->progress, parts->plots.widget, parts->table}));
     column->addStretch();
     area->setWidget(inside);
+    lanes::lay(*area, *whoGrid, choices(*parts), false);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     parts->runner = pilotRuns::make({[parts](const pilotRuns::News& news) { showNews(*parts, news); },

@@ -10,6 +10,7 @@
 #include <QHorizontalStackedBarSeries>
 #include <QLegend>
 #include <QLineSeries>
+#include <QVBoxLayout>
 #include <QValueAxis>
 #include <algorithm>
 #include <array>
@@ -17,6 +18,7 @@
 #include <memory>
 
 #include "qt/look.h"
+#include "studio/lanes.h"
 
 namespace pilotPlots {
 
@@ -25,6 +27,7 @@ namespace {
 using Outcomes = std::vector<pilotFigures::Outcome>;
 
 constexpr int textPixels = 13;
+constexpr int leastWidth = 330;  ///< at which the legend stands in one line
 constexpr int linePixels = 2;
 constexpr int mostTicks = 8;
 constexpr int mostBoxes = 10;  // patients that stand side by side
@@ -224,27 +227,27 @@ void put(QChartView& view, std::unique_ptr<QChart> chart) {
 
 }  // namespace
 
-Plots make() {
+Plots make(QScrollArea& area) {
     auto* const whole = new QWidget;
-    auto* const cells = new QGridLayout(whole);
+    auto* const cells = new QVBoxLayout(whole);
     cells->setContentsMargins(0, 0, 0, 0);
-    const auto view = [&](int row, int column, int height, const QString& name) {
+    const auto view = [&](int height, const QString& name) {
         auto* const made = new QChartView;
         made->setRenderHint(QPainter::Antialiasing);
         made->setFrameShape(QFrame::NoFrame);
         made->setFocusPolicy(Qt::NoFocus);
-        made->setMinimumHeight(height);
+        made->setMinimumSize(leastWidth, height);
         made->setAccessibleName(name);
         made->setAccessibleDescription("The table of figures below says the same in numbers.");
-        cells->addWidget(made, row, column);
         return made;
     };
-    auto* const survival = view(0, 0, 260, "Plot of survival");
-    auto* const scores = view(0, 1, 260, "Plot of scores");
-    auto* const ends = view(1, 0, 200, "Plot of causes of end");
-    cells->addWidget(ends, 1, 0, 1, 2);
-    cells->setColumnStretch(0, 1);
-    cells->setColumnStretch(1, 1);
+    auto* const survival = view(260, "Plot of survival");
+    auto* const scores = view(260, "Plot of scores");
+    auto* const ends = view(200, "Plot of causes of end");
+    auto* const grid = new QGridLayout;
+    cells->addLayout(grid);
+    lanes::lay(area, *grid, {survival, scores}, true);
+    cells->addWidget(ends);
     whole->hide();
     return {whole, [=](const Outcomes& outcomes) {
                 whole->setVisible(!outcomes.empty());

@@ -1,6 +1,7 @@
 // The figures of simulated subjects as plots: survival of patients, causes of end, scores.
 #pragma once
 
+#include <QScrollArea>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -14,6 +15,7 @@ struct Plots {
     std::function<void(const std::vector<pilotFigures::Outcome>&)> show;
 };
 
-Plots make();
+/// `area` is the page on which they will stand.
+Plots make(QScrollArea& area);
 
 }  // namespace pilotPlots

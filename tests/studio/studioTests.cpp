@@ -6,9 +6,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTableWidget>
 #include <QtTest/QTest>
@@ -74,6 +77,30 @@ TEST(Studio, TheKeyboardReachesAndLeavesWhateverTakesTheFocusAndEachHasANameOfIt
         EXPECT_EQ(tabbed(wanted.size()), wanted) << page;
         EXPECT_EQ(QApplication::focusWidget(), &studioDesk::tree()) << page;
     }
+}
+
+TEST(Studio, ASmallWindowIsScrolledDownAndNotSideways) {
+    const studioDesk::OwnStudy study;
+    studioDesk::open(study);
+    const QSize usual = studioDesk::lay().size();
+    for (const auto& [width, lanes] : {std::pair(880, 1), std::pair(1200, 3)}) {
+        studioDesk::lay().resize(width, 600);
+        for (const char* tab : {"Options", "Model", "What it will be like", ""}) {
+            studioDesk::go(*tab == 0 ? "Patients" : "Plain", tab);
+            QCoreApplication::processEvents();
+            for (const QScrollArea* area : studioDesk::lay().findChildren<QScrollArea*>()) {
+                const int hidden = area->isVisible() ? area->horizontalScrollBar()->maximum() : 0;
+                EXPECT_EQ(hidden, 0) << tab << width;
+            }
+        }
+        studioDesk::go("Plain", "Options");
+        std::set<int> lefts;
+        for (const QGroupBox* group : studioDesk::lay().findChildren<QGroupBox*>()) {
+            if (group->isVisible()) lefts.insert(group->mapToGlobal(QPoint()).x());
+        }
+        EXPECT_EQ(lefts.size(), lanes) << width;
+    }
+    studioDesk::lay().resize(usual);
 }
 
 TEST(Studio, WhatIsTypedIsSavedAndNothingElse) {
