@@ -48,7 +48,6 @@ m('F17', 'forms/design.cpp', '    control.on = std::move(kept);\n', '', 'unloadi
 # ---- state
 m('S01', 'state/TrialState.h', '    Int16 findingsMask;', '    Int32 findingsMask;', 'fifteen symptoms are the limit (16 bits)')
 m('S03', 'state/TrialState.h', '    Int32 elapsedMinutes;', '    Int16 elapsedMinutes;', 'elapsed minutes have 32 bits')
-m('S05', 'state/TrialState.h', '    Int16 monitorX; ', '    Int32 monitorX; ', "the trace's x has 16 bits")
 # ---- store
 m('T02', 'store/layer/engine.cpp', 'access == Access::Read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = EXTRA"', 'access == Access::Read ? "PRAGMA synchronous = EXTRA" : "PRAGMA synchronous = EXTRA"', 'a reading connection cannot write')
 m('T03', 'store/layer/engine.cpp', '"PRAGMA synchronous = EXTRA"', '"PRAGMA synchronous = FULL"', 'a commit survives a cut of the power', K)

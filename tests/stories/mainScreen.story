@@ -8,9 +8,9 @@ T.caption = Medical Task with Doctor kim on Patient ID #1 | T.tabTavix = 0 | T.l
 T.tmrClock T.tmrHealth T.tmrHealthMonitor enabled | T.lblSvD T.lblBaseRates T.txtSvD T.lblHelpHeader hidden
 T.optTest(2) shown | T.optTest(3) T.chartETA(3) hidden | T.hsbBelief(0) = 50 | T.lblBelief(2) = 20%
 # a sign is measured on request, and asking again changes nothing; no event is recorded
-T.lblTemp = "" | {dblclick T.lblTemp | T.lblTemp = 36.5 | *2}dblclick T.lblPulse | T.lblPulse = 76
+T.lblTemp = "" | {dblclick T.lblTemp | T.lblTemp = 36.5 | *2}key T.lblPulse 32 | T.lblPulse = 76
 dblclick T.lblBP
-T.lblBP = 120/80 | dblclick T.lblRR | T.lblRR = 18 | eventCount = 0 | note heard
+T.lblBP = 120/80 | key T.lblRR 13 | T.lblRR = 18 | eventCount = 0 | note heard
 type T.txtReasoning left behind
 tab T.tabTavix 2 | test 1 | die
 # the end of the patient: the work is frozen, the feedback takes the room of the notes
