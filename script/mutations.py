@@ -133,7 +133,6 @@ m('Q26', 'qt/main.cpp', '    realTimers::build();\n', '', 'the clock of the desk
 m('Q28', 'qt/main.cpp', '(std::uint64_t{chance()} << 32U) | chance()', '1', 'each run draws other patients')
 m('Q30', 'qt/look.cpp', '.disabledText = QColor(0x62, 0x6C, 0x76)', '.disabledText = QColor(0x92, 0x9C, 0xA6)', 'disabled text can be read')
 m('Q32', 'qt/look.cpp', 'QLabel[role="error"] { color: @alarm; }\n', '', 'an error is in the alarm colour')
-m('Q34', 'qt/facesText.cpp', '    area->setReadOnly(control.readOnly);\n', '    area->setReadOnly(false);\n', 'what is read-only cannot be written in')
 m('Q36', 'qt/facesPlain.cpp', '    hookKeys(&label, control);\n', '', 'a vital sign is measured by key too')
 # ---- headless
 m('H01', 'headless/commands.cpp', '    if (sameValue(actual, line.lastOf(count)) || sameValue(actual, line.arguments[count - 1])) return;\n', '    if (line.arguments.size() >= count) return;\n', 'an expectation that does not hold fails the script')
