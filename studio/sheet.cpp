@@ -14,8 +14,10 @@ QPushButton[role="picture"] { padding: 2px; border: 1px solid @border; backgroun
 QPushButton[role="picture"]:focus { padding: 0px; border: 3px solid @accent; }
 QLineEdit, QComboBox, QSpinBox { min-height: 26px; padding: 0px 6px; }
 QLineEdit:focus, QComboBox:focus { padding: 0px 5px; }
+QLineEdit:focus, QComboBox:focus, QLineEdit[problem="true"] { min-height: 24px; }
 QComboBox::drop-down { width: 22px; }
 QTableWidget QLineEdit, QComboBox QLineEdit { min-height: 0px; padding: 0px 2px; }
+QTableWidget QLineEdit:focus, QComboBox QLineEdit:focus { min-height: 0px; }
 QLineEdit[problem="true"] { border: 2px solid @alarm; }
 QLabel[role="help"] { color: @faint; font-size: 12px; }
 QLabel[role="drop"] { color: @faint; background: @card; border: 1px dashed @faint; border-radius: 4px; }
