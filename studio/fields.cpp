@@ -15,6 +15,7 @@
 #include "qt/comboArrow.h"
 #include "qt/eventHook.h"
 #include "store/layer/schema.h"
+#include "studio/givenText.h"
 #include "studio/workspace.h"
 
 namespace fields {
@@ -51,7 +52,8 @@ bool put(QWidget& widget, const Where& where, const Words& words, const QString&
     markProblem(widget, !problem.empty());
     tellProblem(problem.empty()
                     ? QString()
-                    : QString("%1: \"%2\" %3").arg(words.name, text, QString::fromStdString(problem)));
+                    : QString("%1: \"%2\" %3")
+                          .arg(words.name, givenText::shortened(text), QString::fromStdString(problem)));
     return problem.empty();
 }
 

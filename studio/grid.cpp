@@ -15,6 +15,7 @@
 #include "platform/numberText.h"
 #include "qt/look.h"
 #include "studio/fields.h"
+#include "studio/givenText.h"
 #include "studio/workspace.h"
 
 namespace grid {
@@ -86,7 +87,8 @@ void typed(QTableWidget& table, State& state, const QTableWidgetItem& item) {
     const QString where = state.view.columns.value(item.column());
     fields::tellProblem(problem.empty()
                             ? QString()
-                            : QString("%1: \"%2\" %3").arg(where, text, QString::fromStdString(problem)));
+                            : QString("%1: \"%2\" %3")
+                                  .arg(where, givenText::shortened(text), QString::fromStdString(problem)));
     fill(table, state);
 }
 
@@ -115,7 +117,7 @@ std::string pasteLine(book::Book& book, const View& view, const QStringList& lin
         const std::string problem = book::put(book, *place, line[i].toStdString());
         if (!problem.empty())
             return fmt::format("row {}, {}: \"{}\" {}", row + 1, view.columns.value(first + i).toStdString(),
-                               line[i].toStdString(), problem);
+                               givenText::shortened(line[i]).toStdString(), problem);
     }
     return {};
 }

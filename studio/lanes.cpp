@@ -54,4 +54,13 @@ void lay(QScrollArea& area, QGridLayout& grid, const std::vector<QWidget*>& part
     });
 }
 
+QScrollArea* scrolled(QWidget* inside) {
+    auto* const area = new QScrollArea;
+    area->setWidget(inside);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
+    return area;
+}
+
 }  // namespace lanes

@@ -14,4 +14,7 @@ namespace lanes {
 /// equally wide; otherwise each part's own policy counts.
 void lay(QScrollArea& area, QGridLayout& grid, const std::vector<QWidget*>& parts, bool even);
 
+/// A page that is scrolled where the window is smaller than what stands in it.
+QScrollArea* scrolled(QWidget* inside);
+
 }  // namespace lanes

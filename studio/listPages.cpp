@@ -3,10 +3,13 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "studio/askName.h"
+#include "studio/givenText.h"
 #include "studio/grid.h"
+#include "studio/lanes.h"
 #include "studio/rowDeeds.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
@@ -16,6 +19,8 @@ namespace listPages {
 namespace {
 
 using book::Place;
+
+constexpr int leastHeight = 160;  ///< pixels of a list: some of its rows
 
 /// Rows of one kind of a table, with the one column that is typed.
 struct Kind {
@@ -79,6 +84,7 @@ Block block(const Kind& kind) {
     column->addWidget(title);
     column->addWidget(grid.table, 1);
     column->addLayout(buttons);
+    grid.table->setMinimumHeight(leastHeight);
     grid.table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     return {whole, grid};
 }
@@ -128,15 +134,16 @@ Page words() {
     const auto named = [](const char* name) { return [name] { return std::string(name); }; };
     const Block diseases = block({"tblVocabulary", "Type", "Term", named("Disease"), "Words for diseases"});
     const Block symptoms = block({"tblVocabulary", "Type", "Term", named("Symptom"), "Words for symptoms"});
-    auto* const whole = new QWidget;
-    auto* const column = new QVBoxLayout(whole);
-    auto* const row = new QHBoxLayout;
+    auto* const inside = new QWidget;
+    auto* const column = new QVBoxLayout(inside);
+    auto* const lists = new QGridLayout;
     auto* const used = new QLabel;
-    row->addWidget(diseases.widget);
-    row->addWidget(symptoms.widget);
-    column->addLayout(row, 1);
+    givenText::tame(*used);
+    column->addLayout(lists, 1);
     column->addWidget(used);
-    return {whole,
+    QScrollArea* const area = lanes::scrolled(inside);
+    lanes::lay(*area, *lists, {diseases.widget, symptoms.widget}, true);
+    return {area,
             [=] {
                 diseases.grid.refresh();
                 symptoms.grid.refresh();
@@ -153,11 +160,10 @@ Page tests(const std::function<std::string()>& list, const Follow& follow) {
     auto* const whole = new QWidget;
     auto* const column = new QVBoxLayout(whole);
     auto* const head = new QHBoxLayout;
-    auto* const name = new QLabel;
+    QLabel* const name = givenText::title();
     auto* const used = new QLabel;
-    used->setWordWrap(true);
-    head->addWidget(name);
-    head->addStretch();
+    givenText::tame(*used);
+    head->addWidget(name, 1);
     for (const bool isCopy : {false, true}) {
         auto* const button = new QPushButton(isCopy ? "Copy…" : "Rename…");
         button->setAccessibleName(isCopy ? "Copy the list" : "Rename the list");
@@ -168,9 +174,9 @@ Page tests(const std::function<std::string()>& list, const Follow& follow) {
     column->addLayout(head);
     column->addWidget(lengths.widget, 1);
     column->addWidget(used);
-    return {whole,
+    return {lanes::scrolled(whole),
             [=] {
-                name->setText("<h2>" + QString::fromStdString(list()).toHtmlEscaped() + "</h2>");
+                givenText::setTitle(*name, list());
                 lengths.grid.refresh();
                 used->setText(usersText(list()));
             },

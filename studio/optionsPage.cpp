@@ -149,7 +149,6 @@ void addTests(Building& building, QWidget& parent) {
 Page make(const std::function<std::string()>& scenario) {
     if (frmOptions.form.name.empty()) designFrmOptions();
     const auto building = std::make_shared<Building>(Building{scenario});
-    auto* const area = new QScrollArea;
     auto* const inside = new QWidget;
     addTime(*building, *inside);
     addTexts(*building, *inside);
@@ -171,11 +170,8 @@ Page make(const std::function<std::string()>& scenario) {
     columnOfGroups({&f.fraTime, &f.fraPatients}, clock.widget);
     columnOfGroups({&f.fraScoring, &f.fraExperimentDepth}, nullptr);
     columnOfGroups({&f.fraDiagnosis, &f.Frame1, &f.fraTables}, nullptr);
-    area->setWidget(inside);
+    QScrollArea* const area = lanes::scrolled(inside);
     lanes::lay(*area, *grid, columns, true);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     const auto refresh = [=] {
         for (const auto& [column, field] : building->fields) field.refresh();
         clock.show(scenario());

@@ -15,6 +15,7 @@
 #include "platform/files.h"
 #include "platform/pictures.h"
 #include "studio/fields.h"
+#include "studio/givenText.h"
 #include "studio/notices.h"
 #include "studio/safely.h"
 #include "studio/workspace.h"
@@ -108,7 +109,7 @@ Portrait make(const Person& person) {
     picture->setProperty("role", "drop");
     picture->setWordWrap(true);
     caption->setProperty("role", "help");
-    caption->setWordWrap(true);
+    givenText::tame(*caption);
     choose->setToolTip("A PNG, JPEG, GIF or BMP file. It can be dropped anywhere on the page, too.");
     choose->setAccessibleDescription(choose->toolTip());
     column->setContentsMargins(0, 0, 0, 0);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "studio/askName.h"
+#include "studio/givenText.h"
 #include "studio/modelPage.h"
 #include "studio/optionsPage.h"
 #include "studio/pilotPage.h"
@@ -58,14 +59,13 @@ Page make(const std::function<std::string()>& scenario, const Follow& follow) {
     auto* const whole = new QWidget;
     auto* const column = new QVBoxLayout(whole);
     auto* const head = new QHBoxLayout;
-    auto* const name = new QLabel;
+    QLabel* const name = givenText::title();
     auto* const tabs = new QTabWidget;
     const std::vector<std::pair<QString, Page>> pages{{"Options", optionsPage::make(scenario)},
                                                       {"Model", modelPage::make(scenario)},
                                                       {"On screen", screensPage::make(scenario)},
                                                       {"What it will be like", pilotPage::make(scenario)}};
-    head->addWidget(name);
-    head->addStretch();
+    head->addWidget(name, 1);
     const auto button = [&](const QString& caption, const std::function<void()>& act) {
         auto* const made = new QPushButton(caption);
         QObject::connect(made, &QPushButton::clicked, made, act);
@@ -81,7 +81,7 @@ Page make(const std::function<std::string()>& scenario, const Follow& follow) {
     for (const auto& [caption, page] : pages) tabs->addTab(page.widget, caption);
     column->addWidget(tabs, 1);
     const auto refresh = [=] {
-        name->setText("<h2>" + QString::fromStdString(scenario()).toHtmlEscaped() + "</h2>");
+        givenText::setTitle(*name, scenario());
         pages[static_cast<std::size_t>(tabs->currentIndex())].second.refresh();
     };
     QObject::connect(tabs, &QTabWidget::currentChanged, whole, refresh);

@@ -89,6 +89,7 @@ QWidget* searchLine(const QString& name, Parts& parts) {
     auto* const row = new QHBoxLayout(line);
     auto* const text = new QLineEdit;
     parts.title = new QLabel(name);
+    parts.title->setTextFormat(Qt::PlainText);
     parts.count = new QLabel;
     text->setPlaceholderText("Search");
     text->setClearButtonEnabled(true);

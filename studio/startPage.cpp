@@ -7,6 +7,8 @@
 #include <QSettings>
 #include <QVBoxLayout>
 
+#include "studio/lanes.h"
+
 namespace startPage {
 
 namespace {
@@ -68,7 +70,7 @@ Page make(const Doors& doors) {
             part->setVisible(recent->count() > 0);
     };
     refresh();
-    return {whole, refresh, [](const check::Finding&) { return false; }};
+    return {lanes::scrolled(whole), refresh, [](const check::Finding&) { return false; }};
 }
 
 }  // namespace startPage

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "studio/fields.h"
+#include "studio/givenText.h"
 #include "studio/grid.h"
 #include "studio/safely.h"
 #include "studio/workspace.h"
@@ -40,7 +41,7 @@ void removeRow(const grid::Grid& grid, const std::string& table) {
 Page make(const Name& table) {
     auto* const whole = new QWidget;
     auto* const column = new QVBoxLayout(whole);
-    auto* const title = new QLabel;
+    QLabel* const title = givenText::title();
     auto* const remove = new QPushButton("Remove the row");
     const grid::Grid grid =
         grid::make({"Table", [=](const book::Book& book) { return viewOf(book, table()); }});
@@ -49,7 +50,7 @@ Page make(const Name& table) {
     column->addWidget(grid.table, 1);
     column->addWidget(remove, 0, Qt::AlignLeft);
     const auto refresh = [=] {
-        title->setText("<h2>" + QString::fromStdString(table()).toHtmlEscaped() + "</h2>");
+        givenText::setTitle(*title, table());
         grid.refresh();
     };
     return {whole, refresh, grid.show};

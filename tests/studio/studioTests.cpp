@@ -19,6 +19,7 @@
 
 #include "platform/files.h"
 #include "studio/workspace.h"
+#include "study/bookScenarios.h"
 #include "tests/studio/studioDesk.h"
 
 namespace {
@@ -82,24 +83,39 @@ TEST(Studio, TheKeyboardReachesAndLeavesWhateverTakesTheFocusAndEachHasANameOfIt
 TEST(Studio, ASmallWindowIsScrolledDownAndNotSideways) {
     const studioDesk::OwnStudy study;
     studioDesk::open(study);
+    workspace::change("Many scenarios", [](book::Book& book) {
+        for (int i = 0; i < 40; ++i)
+            bookScenarios::copy(book, "Plain", fmt::format("{} {}", i, std::string(200, 'n')));
+    });
     const QSize usual = studioDesk::lay().size();
     for (const auto& [width, lanes] : {std::pair(880, 1), std::pair(1200, 3)}) {
         studioDesk::lay().resize(width, 600);
-        for (const char* tab : {"Options", "Model", "What it will be like", ""}) {
-            studioDesk::go(*tab == 0 ? "Patients" : "Plain", tab);
+        for (const auto& [entry, tab] :
+             {std::pair("Plain", "Options"), std::pair("Plain", "Model"),
+              std::pair("Plain", "What it will be like"), std::pair("Patients", ""), std::pair("Words", ""),
+              std::pair("slow", "")}) {
+            studioDesk::go(entry, tab);
             QCoreApplication::processEvents();
             for (const QScrollArea* area : studioDesk::lay().findChildren<QScrollArea*>()) {
                 const int hidden = area->isVisible() ? area->horizontalScrollBar()->maximum() : 0;
-                EXPECT_EQ(hidden, 0) << tab << width;
+                EXPECT_EQ(hidden, 0) << entry << tab << width;
             }
         }
-        studioDesk::go("Plain", "Options");
+        studioDesk::go(QString("0 ") + QString(200, 'n'), "Options");
         std::set<int> lefts;
         for (const QGroupBox* group : studioDesk::lay().findChildren<QGroupBox*>()) {
             if (group->isVisible()) lefts.insert(group->mapToGlobal(QPoint()).x());
         }
         EXPECT_EQ(lefts.size(), lanes) << width;
     }
+    const QSize least = studioDesk::lay().minimumSizeHint();
+    EXPECT_TRUE(least.width() <= 880 && least.height() <= 500) << least.width() << "x" << least.height();
+    // A field that tells of a problem asks for no other room: what stands around it would be cut.
+    auto* const rate = named<QLineEdit>("Simulation Hours per Minute");
+    const int height = rate->sizeHint().height();
+    rate->setFocus();
+    QTest::keyClick(rate, Qt::Key_X);
+    EXPECT_EQ(rate->sizeHint().height(), height);
     studioDesk::lay().resize(usual);
 }
 
