@@ -12,6 +12,7 @@
 #include "qt/longWords.h"
 #include "qt/look.h"
 #include "studio/fields.h"
+#include "studio/givenText.h"
 #include "studio/safely.h"
 #include "studio/workspace.h"
 #include "study/bookPeople.h"
@@ -163,7 +164,7 @@ void part(const State& state) {
 void write(State& state, const QString& text, const std::string& what, const std::string& of) {
     const std::optional<int> row = state.person();
     if (!row || text == state.known) return;
-    if (text.size() > longest) {
+    if (text.size() > longest && text.size() > state.known.size()) {
         fields::tellProblem(
             QString("Nothing was typed: an introduction has at most %L1 characters here.").arg(longest));
         return showText(state, state.known);
@@ -209,7 +210,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
     help->setProperty("role", "help");
     help->setWordWrap(true);
     state->file->setProperty("role", "help");
-    state->file->setWordWrap(true);
+    givenText::tame(*state->file);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(help);
     column->addWidget(state->edit, 1);
