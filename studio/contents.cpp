@@ -154,6 +154,11 @@ QTreeWidget* make(const std::function<void()>& heard) {
                          tree.chosen = *entry;
                          heard();
                      }));
+    // A press beside the entries would take the mark away, and leave the page.
+    QObject::connect(tree.widget, &QTreeWidget::itemSelectionChanged, tree.widget, [] {
+        if (tree.widget->selectedItems().isEmpty() && tree.widget->currentItem() != nullptr)
+            tree.widget->currentItem()->setSelected(true);
+    });
     // A heading is no page: a press on it leaves what is chosen.
     QObject::connect(tree.widget, &QTreeWidget::itemClicked, tree.widget, [] { markChosen(); });
     return tree.widget;

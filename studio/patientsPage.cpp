@@ -207,13 +207,9 @@ Page make() {
     shown->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     column->addWidget(group("Person", upper));
     column->addLayout(lower, 1);
-    auto* const area = new QScrollArea;
-    area->setWidget(inside);
+    QScrollArea* const area = lanes::scrolled(inside);
     lanes::lay(*area, *upper, {lines, picture.widget}, false);
     lanes::lay(*area, *lower, {written, shown}, false);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
     whole->addWidget(rosterList::make(*list, [name = cells.front().field.widget] {
         name->setFocus();
         qobject_cast<QLineEdit*>(name)->selectAll();
@@ -221,6 +217,7 @@ Page make() {
     whole->addWidget(area);
     whole->setStretchFactor(1, 1);
     whole->setSizes({230, 760});
+    whole->setChildrenCollapsible(false);
     takeDrops(*whole, picture.take);
     const auto showPerson = [=] {
         for (const Cell& cell : cells) cell.field.refresh();

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "studio/background.h"
+#include "studio/givenText.h"
 #include "studio/handOver.h"
 #include "studio/safely.h"
 #include "studio/searchTable.h"
@@ -123,8 +124,9 @@ void showPatients(const View& view, const Look& look) {
             row.emplace_back(eventsOf(patient, action));
     }
     view.patients.fill(rows);
-    view.patients.title->setText(look.subject.empty() ? QString("Patients: choose a subject to see them")
-                                                      : "Patients of " + textOf(look.subject));
+    view.patients.title->setText(look.subject.empty()
+                                     ? QString("Patients: choose a subject to see them")
+                                     : "Patients of " + givenText::shortened(textOf(look.subject)));
 }
 
 /// In the thread of the stores.
@@ -190,6 +192,8 @@ void layOut(const View& view, QWidget* handOver) {
     across->addWidget(view.subjects.widget);
     across->addWidget(sides);
     across->setSizes({620, 420});
+    across->setChildrenCollapsible(false);
+    down->setChildrenCollapsible(false);
     down->addWidget(across);
     down->addWidget(view.patients.widget);
     view.head->setWordWrap(true);

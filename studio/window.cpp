@@ -337,6 +337,9 @@ void buildMenus() {
     });
     w.session = action(run, "Start for a subject", {}, startForSubject);
     w.play->setToolTip("Starts the program on a copy of the study (F5). What it writes is thrown away.");
+    // What they would do stands in the menu and the tooltip; on the bar all buttons keep their places.
+    w.undo->setIconText("Undo");
+    w.redo->setIconText("Redo");
     auto* const bar = w.main->addToolBar("Study");
     bar->setMovable(false);
     bar->addActions({w.save, w.undo, w.redo, w.add, w.play, w.session});
@@ -373,7 +376,11 @@ void buildFrame() {
     down->addWidget(w.findings.widget);
     down->setStretchFactor(0, 1);
     down->setSizes({640, 120});
+    // What is drawn shut would keep the focus, and take presses that nobody sees.
+    across->setChildrenCollapsible(false);
+    down->setCollapsible(0, false);
     w.problem->setProperty("role", "error");
+    w.problem->setTextFormat(Qt::PlainText);
     w.main->statusBar()->addWidget(w.problem, 1);
     w.main->setCentralWidget(down);
     w.main->resize(QSize(1280, 860).boundedTo(w.main->screen()->availableSize() * 0.95));
