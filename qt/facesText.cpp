@@ -86,10 +86,7 @@ void replace(QPlainTextEdit& area, Span span, const QString& by) {
     setSpan(area, span);
     area.insertPlainText(by);
 }
-void setWhole(QPlainTextEdit& area, const QString& text) {
-    longWords::setWrapping(area, text);
-    area.setPlainText(text);
-}
+void setWhole(QPlainTextEdit& area, const QString& text) { longWords::setText(area, text); }
 bool isPersons(const QPlainTextEdit& /*area*/) { return true; }
 
 /// Left alone a line cuts what is pasted at 32,767 characters and does not say so.

@@ -26,4 +26,10 @@ void setWrapping(QPlainTextEdit& area, const QString& text) {
     if (area.wordWrapMode() != mode) area.setWordWrapMode(mode);
 }
 
+void setText(QPlainTextEdit& area, const QString& text) {
+    if (hasLongWord(text)) setWrapping(area, text);
+    area.setPlainText(text);
+    setWrapping(area, text);
+}
+
 }  // namespace longWords

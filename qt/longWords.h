@@ -8,8 +8,12 @@
 
 namespace longWords {
 
-/// Breaks lines between words or, where one of the text's words has thousands of characters, anywhere. To be
-/// called before the area gets the text.
+/// Breaks lines between words or, where one of the text's words has thousands of characters, anywhere: for a
+/// text that stands in the area. It lays that out anew.
 void setWrapping(QPlainTextEdit& area, const QString& text);
+
+/// Puts the text into the area. Neither it nor the one that stood there before is laid out in a way that does
+/// not suit it.
+void setText(QPlainTextEdit& area, const QString& text);
 
 }  // namespace longWords

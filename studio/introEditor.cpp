@@ -107,8 +107,7 @@ void mark(State& state) {
 
 void setWhole(State& state, const QString& text) {
     state.changing = true;
-    longWords::setWrapping(*state.edit, text);
-    state.edit->setPlainText(text);
+    longWords::setText(*state.edit, text);
     state.changing = false;
 }
 
