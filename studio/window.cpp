@@ -290,13 +290,14 @@ void follow(void (*step)()) {
     }
 }
 
-/// The button that has the focus is pressed by Return as in a dialog.
+/// The button that has the focus is pressed by Return as in a dialog, once, however long the key is down.
 bool pressByReturn(QEvent* event) {
     if (event->type() != QEvent::KeyPress) return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
+    const auto* const press = static_cast<QKeyEvent*>(event);
+    const int key = press->key();
     auto* const button = qobject_cast<QPushButton*>(QApplication::focusWidget());
     if ((key != Qt::Key_Return && key != Qt::Key_Enter) || button == nullptr) return false;
-    button->click();
+    if (!press->isAutoRepeat()) button->click();
     return true;
 }
 

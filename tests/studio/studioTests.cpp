@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -80,6 +81,22 @@ TEST(Studio, TheKeyboardReachesAndLeavesWhateverTakesTheFocusAndEachHasANameOfIt
     }
 }
 
+TEST(Studio, AHeldReturnPressesAButtonOnce) {
+    const studioDesk::OwnStudy study;
+    studioDesk::open(study);
+    studioDesk::go("Patients");
+    auto* const copy = named<QPushButton>("Copy: patients");
+    ASSERT_NE(copy, nullptr);
+    const auto people = [] { return book::sheetOf(workspace::book(), "tblPatients").size(); };
+    const int before = people();
+    copy->setFocus();
+    for (const bool repeated : {false, true, true}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", repeated);
+        QCoreApplication::sendEvent(copy, &press);
+    }
+    EXPECT_EQ(people(), before + 1);
+}
+
 TEST(Studio, ASmallWindowIsScrolledDownAndNotSideways) {
     const studioDesk::OwnStudy study;
     studioDesk::open(study);
@@ -93,7 +110,7 @@ TEST(Studio, ASmallWindowIsScrolledDownAndNotSideways) {
         for (const auto& [entry, tab] :
              {std::pair("Plain", "Options"), std::pair("Plain", "Model"),
               std::pair("Plain", "What it will be like"), std::pair("Patients", ""), std::pair("Words", ""),
-              std::pair("slow", "")}) {
+              std::pair("slow", ""), std::pair("Results", "")}) {
             studioDesk::go(entry, tab);
             QCoreApplication::processEvents();
             for (const QScrollArea* area : studioDesk::lay().findChildren<QScrollArea*>()) {
