@@ -16,6 +16,7 @@
 #include "studio/background.h"
 #include "studio/givenText.h"
 #include "studio/handOver.h"
+#include "studio/lanes.h"
 #include "studio/safely.h"
 #include "studio/searchTable.h"
 #include "studio/workspace.h"
@@ -30,7 +31,8 @@ namespace {
 using searchTable::Row;
 using searchTable::Table;
 
-constexpr qint64 rest = 3000;  ///< ms from one look to the next
+constexpr int leastHeight = 130;  ///< pixels of a table: some of its rows
+constexpr qint64 rest = 3000;     ///< ms from one look to the next
 constexpr qint64 restFactor =
     10;  ///< a look at a large store is followed by a rest of so many times its length
 
@@ -194,6 +196,7 @@ void layOut(const View& view, QWidget* handOver) {
     across->setSizes({620, 420});
     across->setChildrenCollapsible(false);
     down->setChildrenCollapsible(false);
+    for (QTableView* table : {view.subjects.view, view.patients.view}) table->setMinimumHeight(leastHeight);
     down->addWidget(across);
     down->addWidget(view.patients.widget);
     view.head->setWordWrap(true);
@@ -243,7 +246,7 @@ Page make() {
         if (view->subjects.choose(view->wanted)) view->wanted.clear();
         return true;
     };
-    return {whole, [view] { lookAgain(view); }, show};
+    return {lanes::scrolled(whole), [view] { lookAgain(view); }, show};
 }
 
 }  // namespace resultsPage
