@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QUrl>
@@ -16,6 +17,7 @@
 #include <memory>
 #include <stdexcept>
 #include <stop_token>
+#include <utility>
 
 #include "studio/background.h"
 #include "studio/exportDialog.h"
@@ -48,6 +50,10 @@ std::stop_source stopping;
 using Progress = std::function<void(double)>;
 
 void showWork(const QString& what) {
+    static QPointer<QWidget> pressed;
+    static QPointer<QWidget> meanwhile;  ///< to which the toolkit hands the focus of a button that goes off
+    QWidget* const focus = QApplication::focusWidget();
+    if (!what.isEmpty()) pressed = std::ranges::find(bar.starts, focus) != bar.starts.end() ? focus : nullptr;
     work = what;
     bar.line->setVisible(!what.isEmpty());
     bar.text->setText(what);
@@ -55,6 +61,10 @@ void showWork(const QString& what) {
     bar.bar->setValue(0);
     bar.stop->setEnabled(true);
     for (QPushButton* button : bar.starts) button->setEnabled(what.isEmpty());
+    if (!what.isEmpty())
+        meanwhile = QApplication::focusWidget();
+    else if (pressed && meanwhile == focus)
+        std::exchange(pressed, {})->setFocus();
 }
 
 /// Tells the bar, and ends the work when it is to stop. Called in the thread of the work.
