@@ -86,7 +86,7 @@ void replace(QPlainTextEdit& area, Span span, const QString& by) {
     setSpan(area, span);
     area.insertPlainText(by);
 }
-void setWhole(QPlainTextEdit& area, const QString& text) { longWords::setText(area, text); }
+void setWhole(QPlainTextEdit& area, const QString& text) { area.setPlainText(text); }
 bool isPersons(const QPlainTextEdit& /*area*/) { return true; }
 
 /// Left alone a line cuts what is pasted at 32,767 characters and does not say so.
@@ -245,10 +245,8 @@ Face textArea(Control& control, QWidget* parent) {
     if (control.readOnly)
         area->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (control.look.cells != Look::Cells::None) makeTable(*area, control);
-    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] {
-        longWords::setWrapping(*area, textOf(*area));
-        takeText(*area, control);
-    });
+    longWords::watch(*area);
+    edge::connect(area, &QPlainTextEdit::textChanged, [area, &control] { takeText(*area, control); });
     hookCursor(area, control);
     hookKeys(area, control);
     const auto setFont = [area, &control] {

@@ -1,5 +1,6 @@
 #include "qt/longWords.h"
 
+#include <QTextDocument>
 #include <QTextOption>
 #include <algorithm>
 
@@ -18,18 +19,17 @@ bool hasLongWord(const QString& text) {
     });
 }
 
-}  // namespace
-
-void setWrapping(QPlainTextEdit& area, const QString& text) {
-    const auto mode =
-        hasLongWord(text) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+void settle(QPlainTextEdit& area) {
+    const auto mode = hasLongWord(area.document()->toRawText()) ? QTextOption::WrapAnywhere
+                                                                : QTextOption::WrapAtWordBoundaryOrAnywhere;
     if (area.wordWrapMode() != mode) area.setWordWrapMode(mode);
 }
 
-void setText(QPlainTextEdit& area, const QString& text) {
-    if (hasLongWord(text)) setWrapping(area, text);
-    area.setPlainText(text);
-    setWrapping(area, text);
+}  // namespace
+
+void watch(QPlainTextEdit& area) {
+    // The document tells of a change before it is laid out.
+    QObject::connect(area.document(), &QTextDocument::contentsChange, &area, [&area] { settle(area); });
 }
 
 }  // namespace longWords

@@ -4,16 +4,11 @@
 #pragma once
 
 #include <QPlainTextEdit>
-#include <QString>
 
 namespace longWords {
 
-/// Breaks lines between words or, where one of the text's words has thousands of characters, anywhere: for a
-/// text that stands in the area. It lays that out anew.
-void setWrapping(QPlainTextEdit& area, const QString& text);
-
-/// Puts the text into the area. Neither it nor the one that stood there before is laid out in a way that does
-/// not suit it.
-void setText(QPlainTextEdit& area, const QString& text);
+/// From now on the area breaks lines between words or, where one of its words has thousands of characters,
+/// anywhere. That is settled with each change, however it comes, before anything is laid out.
+void watch(QPlainTextEdit& area);
 
 }  // namespace longWords

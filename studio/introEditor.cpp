@@ -107,7 +107,7 @@ void mark(State& state) {
 
 void setWhole(State& state, const QString& text) {
     state.changing = true;
-    longWords::setText(*state.edit, text);
+    state.edit->setPlainText(text);
     state.changing = false;
 }
 
@@ -199,6 +199,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
     const auto state = std::make_shared<State>(State{person, new QPlainTextEdit, new QLabel, new QLabel,
                                                      new QPushButton("Replace by the typographic ’"),
                                                      new QPushButton("Give it a file of its own")});
+    longWords::watch(*state->edit);
     state->edit->setUndoRedoEnabled(false);
     state->edit->setTabChangesFocus(true);
     state->edit->setAcceptDrops(false);  // a picture can be dropped anywhere on the page
@@ -222,7 +223,6 @@ Editor make(const std::function<std::optional<int>()>& person) {
         if (state->changing) return;
         const std::string key = std::string(table) + "/" + std::to_string(state->person().value_or(-1));
         const QString text = typed(*state->edit);
-        longWords::setWrapping(*state->edit, text);
         write(*state, text, "Write the introduction", key + "/text of Intro");
     });
     QObject::connect(state->mend, &QPushButton::clicked, state->edit, [state] {
