@@ -218,7 +218,7 @@ TEST_F(Access, TextsAreShownAsTheyAre) {
     edit.selectAll();
     QApplication::clipboard()->setText(QString(1000000, 'm'));
     edit.paste();
-    EXPECT_LT(clock.elapsed(), 5000) << "a long word was laid out as one";
+    EXPECT_LT(clock.elapsed(), 20000) << "a long word was laid out as one, which takes minutes";
 }
 
 }  // namespace
