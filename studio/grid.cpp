@@ -180,6 +180,28 @@ void addAction(QTableWidget& table, const QString& text, const QList<QKeySequenc
     table.addAction(action);
 }
 
+/// Where a cell that was typed leads to. As in a spreadsheet, Enter goes down. Tab goes on in the row, past
+/// the cells that take no text: from one of these it would leave the table, and what is typed go to a button.
+void goOn(QTableWidget& table, QAbstractItemDelegate::EndEditHint hint) {
+    const int row = table.currentRow();
+    if (hint == QAbstractItemDelegate::SubmitModelCache)
+        table.setCurrentCell(std::min(row + 1, table.rowCount() - 1), table.currentColumn());
+    const int step = hint == QAbstractItemDelegate::EditNextItem       ? 1
+                     : hint == QAbstractItemDelegate::EditPreviousItem ? -1
+                                                                       : 0;
+    const int columns = table.columnCount();
+    if (step == 0 || table.currentColumn() < 0) return;
+    const auto takesText = [&](int place) {
+        return (table.item(place / columns, place % columns)->flags() & Qt::ItemIsEditable) != 0;
+    };
+    const int here = (row * columns) + table.currentColumn();
+    int place = here;
+    while (place >= 0 && place < table.rowCount() * columns && !takesText(place)) place += step;
+    if (place == here || place < 0 || place >= table.rowCount() * columns) return;
+    table.setCurrentCell(place / columns, place % columns);
+    table.editItem(table.currentItem());
+}
+
 bool show(QTableWidget& table, const View& view, const check::Finding& finding) {
     for (int row = 0; row < table.rowCount(); ++row) {
         for (int column = 0; column < table.columnCount(); ++column) {
@@ -260,13 +282,8 @@ Grid make(const Wish& wish) {
     addAction(*table, "Copy", {QKeySequence::Copy}, copy);
     addAction(*table, "Paste", {QKeySequence::Paste}, [=] { pasteHere(*table, *state); });
     addAction(*table, "Clear", {QKeySequence::Delete, Qt::Key_Backspace}, [=] { clear(*table, state); });
-    // As in a spreadsheet, Enter takes the cell and goes down.
     QObject::connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor, table,
-                     [=](QWidget*, QAbstractItemDelegate::EndEditHint hint) {
-                         if (hint != QAbstractItemDelegate::SubmitModelCache) return;
-                         const int next = std::min(table->currentRow() + 1, table->rowCount() - 1);
-                         table->setCurrentCell(next, table->currentColumn());
-                     });
+                     [=](QWidget*, QAbstractItemDelegate::EndEditHint hint) { goOn(*table, hint); });
     QObject::connect(table, &QTableWidget::itemChanged, table,
                      [=](QTableWidgetItem* item) { typed(*table, *state, *item); });
     return {table, [=] { fill(*table, *state); },

@@ -235,4 +235,21 @@ TEST(Studio, ABlockGoesThroughTheClipboardAndOneThatIsTooWideChangesNothing) {
     EXPECT_TRUE(said.startsWith("Nothing was pasted: the block is wider")) << said.toStdString();
 }
 
+TEST(Studio, TabFromTheLastNumberOfARowGoesPastItsTickToTheNextRow) {
+    const studioDesk::OwnStudy study;
+    studioDesk::open(study);
+    studioDesk::go("Plain", "Model");
+    auto* const chances = named<QTableWidget>("Chances of symptoms");
+    chances->setFocus();
+    chances->setCurrentCell(0, chances->columnCount() - 2);
+    for (const char* typed : {"7", "9"}) {
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(chances->item(1, 0)->text(), "9");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(chances->currentColumn(), chances->columnCount() - 2);
+}
+
 }  // namespace
