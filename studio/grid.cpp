@@ -186,9 +186,8 @@ void goOn(QTableWidget& table, QAbstractItemDelegate::EndEditHint hint) {
     const int row = table.currentRow();
     if (hint == QAbstractItemDelegate::SubmitModelCache)
         table.setCurrentCell(std::min(row + 1, table.rowCount() - 1), table.currentColumn());
-    const int step = hint == QAbstractItemDelegate::EditNextItem       ? 1
-                     : hint == QAbstractItemDelegate::EditPreviousItem ? -1
-                                                                       : 0;
+    const int step = static_cast<int>(hint == QAbstractItemDelegate::EditNextItem) -
+                     static_cast<int>(hint == QAbstractItemDelegate::EditPreviousItem);
     const int columns = table.columnCount();
     if (step == 0 || table.currentColumn() < 0) return;
     const auto takesText = [&](int place) {

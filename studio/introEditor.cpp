@@ -222,8 +222,7 @@ Editor make(const std::function<std::optional<int>()>& person) {
     QObject::connect(state->edit, &QPlainTextEdit::textChanged, state->edit, [state] {
         if (state->changing) return;
         const std::string key = std::string(table) + "/" + std::to_string(state->person().value_or(-1));
-        const QString text = typed(*state->edit);
-        write(*state, text, "Write the introduction", key + "/text of Intro");
+        write(*state, typed(*state->edit), "Write the introduction", key + "/text of Intro");
     });
     QObject::connect(state->mend, &QPushButton::clicked, state->edit, [state] {
         const QString text = typed(*state->edit).replace('\'', u'’');

@@ -11,6 +11,7 @@
 #include "studio/chances.h"
 #include "studio/fields.h"
 #include "studio/grid.h"
+#include "studio/lanes.h"
 #include "studio/rowDeeds.h"
 #include "studio/workspace.h"
 #include "study/bookScenarios.h"
@@ -184,7 +185,6 @@ Page make(const Scenario& scenario) {
              return true;
          }});
     auto* const sum = new QLabel;
-    auto* const area = new QScrollArea;
     auto* const inside = new QWidget;
     auto* const column = new QVBoxLayout(inside);
     auto* const dealt = new QLabel(
@@ -202,10 +202,7 @@ Page make(const Scenario& scenario) {
     column->addWidget(
         group("The chances that follow for each pattern of findings", follows.ofPatterns, nullptr));
     column->addStretch();
-    area->setWidget(inside);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what stands in it
+    QScrollArea* const area = lanes::scrolled(inside);
     const auto refresh = [=] {
         for (const grid::Grid& each : {rates, symptoms, treatments}) {
             each.refresh();
